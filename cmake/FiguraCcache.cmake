@@ -1,0 +1,14 @@
+# A parent project chooses its own launcher; and one named on the command line wins.
+if(NOT PROJECT_IS_TOP_LEVEL OR DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+    return()
+endif()
+
+find_program(FIGURA_CCACHE ccache)
+mark_as_advanced(FIGURA_CCACHE)
+
+if(FIGURA_CCACHE)
+    # Without this leniency ccache refuses every file that uses a precompiled header.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env "CCACHE_SLOPPINESS=pch_defines,time_macros" ${FIGURA_CCACHE}
+    )
+endif()

@@ -1,0 +1,33 @@
+find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+
+# figura_add_test(tst_name [SOURCES file...] [LIBRARIES target...])
+#
+# One executable and one test, both called tst_name. Without SOURCES it is made of tst_name.cpp.
+function(figura_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+    if(NOT arg_SOURCES)
+        set(arg_SOURCES ${name}.cpp)
+    endif()
+
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(
+        ${name} PROPERTIES AUTOMOC ON CXX_STANDARD 20 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
+    )
+    target_link_libraries(
+        ${name} PRIVATE Figura::Figura Qt6::Test figura_test_support figura_warnings
+                        ${arg_LIBRARIES}
+    )
+    target_precompile_headers(${name} REUSE_FROM figura_test_pch)
+
+    add_test(NAME ${name} COMMAND ${name})
+    figura_set_test_environment(${name})
+endfunction()
+
+# The same picture on every machine: no display, no local language, no settings of the user.
+function(figura_set_test_environment name)
+    set_tests_properties(
+        ${name}
+        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${FIGURA_SANITIZER_OPTIONS}"
+                   TIMEOUT 300
+    )
+endfunction()

@@ -1,0 +1,1 @@
+// Empty: only there to have the shared headers precompiled.
