@@ -1,0 +1,59 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/geometry/Insets.h>
+
+#include <QColor>
+#include <QObject>
+#include <QPen>
+#include <QRect>
+
+class QPainter;
+class QStyleOptionViewItem;
+
+namespace Velmora::Figura {
+
+/// A frame inside a figure's bounds, and the space that it takes from the client area.
+///
+/// A border is not owned by its figures, and several may share one. Setters only store: the
+/// application repaints.
+class FIGURA_EXPORT Border : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Border(QObject *parent = nullptr);
+    ~Border() override;
+
+    virtual const Insets &getInsets() const; ///< The space taken on each side.
+    virtual void setInsets(const Insets &insets);
+
+    /// Paints the frame of a figure whose absolute bounds are option.rect.
+    virtual void render(QPainter *painter, const QStyleOptionViewItem &option) const = 0;
+
+protected:
+    virtual QPen createPen() const; ///< A pen of width 1 in the stored colour and styles.
+
+    /// The rectangle on which a line as wide as the inset is centred inside \a rect; an invalid
+    /// rectangle gives an invalid one.
+    virtual QRect toBorderRect(const QRect &rect) const;
+
+public:
+    QColor getColor() const;
+    void setColor(const QColor &color);
+    Qt::PenStyle getPenStyle() const;
+    void setPenStyle(Qt::PenStyle style);
+    Qt::PenCapStyle getPenCapStyle() const;
+    void setPenCapStyle(Qt::PenCapStyle style);
+    Qt::PenJoinStyle getPenJoinStyle() const;
+    void setPenJoinStyle(Qt::PenJoinStyle style);
+
+private:
+    Insets m_insets;
+    Qt::PenStyle m_penStyle = Qt::SolidLine;
+    Qt::PenCapStyle m_capStyle = Qt::SquareCap;
+    Qt::PenJoinStyle m_joinStyle = Qt::BevelJoin;
+    QColor m_color = Qt::black;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/figure/SimpleBorder.h>
+
+namespace Velmora::Figura {
+
+/// The focus rectangle of the application's style; colour and pen settings do not matter to it.
+class FIGURA_EXPORT FocusBorder : public SimpleBorder
+{
+    Q_OBJECT
+
+public:
+    explicit FocusBorder(QObject *parent = nullptr);
+    ~FocusBorder() override;
+
+    void render(QPainter *painter, const QStyleOptionViewItem &option) const override;
+};
+
+} // namespace Velmora::Figura

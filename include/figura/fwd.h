@@ -1,0 +1,62 @@
+#pragma once
+
+/// Forward declarations of every public class, for headers that only name them.
+namespace Velmora::Figura {
+
+class GeometryUtils;
+class Insets;
+class Ray;
+class Transform;
+class Transposer;
+struct IPositionConstants;
+struct IStyleConstants;
+
+class AncestorHelper;
+class Border;
+class ExclusionSearch;
+class Figure;
+class FocusBorder;
+class IAncestorListener;
+class IFigure;
+class IPropertyChangeListener;
+class ITreeSearch;
+class ScaledBorder;
+class SimpleBorder;
+
+class DelegatingLayout;
+class FreeformLayout;
+class FreeformStackLayout;
+class HBoxLayout;
+class ILayoutListener;
+class ILocator;
+class Layout;
+class PageLayout;
+class StackLayout;
+class VBoxLayout;
+class XYLayout;
+
+class FreeformLayer;
+class FreeformLayeredPane;
+class FreeformViewer;
+class FreeformWidget;
+class IFigureViewer;
+class IFreeformFigure;
+class IUpdateManager;
+class IViewport;
+class Layer;
+class LayeredPane;
+class UpdateManager;
+
+class Polyline;
+class PolylineF;
+
+class Ellipse;
+class LabelFigure;
+class PixmapFigure;
+class Polygon;
+class Rectangle;
+class RoundedRectangle;
+class Shape;
+class TextFigure;
+
+} // namespace Velmora::Figura

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <figura/export.h>
+
+#include <QObject>
+
+namespace Velmora::Figura {
+
+/// A switch that says whether horizontal and vertical are exchanged; whoever transposes reads it.
+class FIGURA_EXPORT Transposer : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Transposer(QObject *parent = nullptr); ///< Disabled at first.
+    ~Transposer() override;
+
+    void enable();
+    void disable();
+    void setEnabled(bool enabled);
+    bool isEnabled() const;
+
+private:
+    bool m_enabled = false;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/layout/XYLayout.h>
+
+#include <QRect>
+
+namespace Velmora::Figura {
+
+/// An XYLayout that keeps the freeform extent: the union of its children's rectangles, which may
+/// lie anywhere, also at negative coordinates. Children share the container's own coordinates.
+class FIGURA_EXPORT FreeformLayout : public XYLayout
+{
+    Q_OBJECT
+
+public:
+    /// With \a contentMonitored the extent follows the moves of the children.
+    explicit FreeformLayout(QObject *parent = nullptr, bool contentMonitored = true);
+    ~FreeformLayout() override;
+
+    /// The cached extent, computed when there is none. Adding a child does not renew it, removing
+    /// one does. Invalid while nothing counts.
+    QRect getFreeformExtent();
+
+    bool isContentMonitored() const;
+    /// Switches the watch over the container itself; the children are connected by add().
+    void setContentMonitored(bool monitored);
+
+    bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
+    bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
+    bool remove(Figure *child) override;
+    bool isRelativeLayout() const override;    ///< False.
+    QPoint getOrigin(Figure *figure) override; ///< Always (0, 0).
+
+Q_SIGNALS:
+    void extentChanged();
+
+public Q_SLOTS:
+    void examineExtent(); ///< Computes the extent anew and announces a change.
+
+protected:
+    QRect calculateFreeformExtent();
+
+    QSize calculatePreferredSize() override; ///< The minimum size, without further allowance.
+    QSize calculateMinimumSize() override;   ///< The size of the extent.
+
+private:
+    bool watch(Figure *child);
+
+    QRect m_extent; // invalid: not computed yet
+    bool m_contentMonitored;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/figure/Figure.h> // complete, so that signals with figures have meta-types
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+namespace Velmora::Figura {
+
+class ILayoutListener;
+
+/// Holds the children of one figure, its container, and places, paints and hit-tests them.
+///
+/// Children are not owned; one that is destroyed leaves the layout by itself. A constraint that is
+/// a QObject without a parent is deleted later when it is replaced or its child is removed.
+/// A subclass computes sizes of the client area (margin and border are added by Figure) and sets
+/// the children's bounds in performLayout().
+class FIGURA_EXPORT Layout : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What a layout keeps for one child.
+    class FIGURA_EXPORT LayoutHelper
+    {
+    public:
+        LayoutHelper(const QVariant &constraint, unsigned int vStretch, unsigned int hStretch);
+
+        QVariant constraint;
+        unsigned int vStretch; ///< Summed by getVTotalStretch().
+        unsigned int hStretch; ///< Summed by getHTotalStretch().
+
+    private:
+        friend class Layout;
+
+        QPointer<QObject>
+            constraintObject; // tells whether the object in the constraint still lives
+        QMetaObject::Connection childWatch;
+    };
+
+    explicit Layout(QObject *parent = nullptr);
+    ~Layout() override;
+
+    /// Makes \a child a child of the container, below those from \a index on; an index outside the
+    /// children appends. False without a container, for null and for a child already there.
+    virtual bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1);
+    /// The same without a constraint. Always takes four arguments, so that add(child, 0, 0) cannot
+    /// mean two things.
+    virtual bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index);
+    virtual bool remove(Figure *child); ///< False when \a child is not one of the children.
+    virtual QList<Figure *> childFigures();
+    virtual int childFigureCount() const;
+
+    virtual QVariant getConstraint(Figure *child); ///< Invalid when there is none.
+    /// Stores and applies; false only when \a child is not one of the children.
+    virtual bool setConstraint(Figure *child, const QVariant &constraint);
+
+    virtual QSize getPreferredSize(); ///< Of the client area; cached until invalidate().
+    virtual QSize getMinimumSize();   ///< Of the client area; cached until invalidate().
+
+    virtual Qt::Orientations expandingDirections();
+    virtual void setExpandingDirections(Qt::Orientations directions);
+
+    // Searches, in the children's coordinates.
+    virtual void findDescendantFigures(QList<Figure *> &result, const QRect &rect,
+                                       const ITreeSearch &search, bool containedOnly) const;
+    /// The topmost descendant at the point; \a search alone says what is excluded.
+    virtual Figure *findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const;
+
+    /// Whether the children's coordinates begin at the container's client area.
+    virtual bool isRelativeLayout() const;
+
+    /// Paints the visible children in order, after laying them out if need be.
+    virtual void render(QPainter *painter, const QStyleOptionViewItem &option);
+    virtual bool layout(Figure *container); ///< Lays out unless done already; true when done.
+    virtual void invalidate();              ///< Forgets the cached sizes and that it is laid out.
+
+    virtual void addListener(ILayoutListener *listener); ///< Not owned; null is refused.
+    virtual void removeListener(ILayoutListener *listener);
+
+protected:
+    virtual QSize calculatePreferredSize() = 0;
+    virtual QSize calculateMinimumSize() = 0;
+    /// Sets the children's bounds. \a clientArea is in the children's coordinates. Returns whether
+    /// they are laid out now; children of a layout that is not are not painted.
+    virtual bool performLayout(const QRect &clientArea) = 0;
+
+    virtual bool isClipping() const; ///< Whether painting is clipped to the client area.
+    /// Lets a locator in \a constraint place \a child. False for null and for no constraint.
+    virtual bool applyConstraint(Figure *child, const QVariant &constraint);
+
+public:
+    Figure *getFigure() const;      ///< The container.
+    void setFigure(Figure *figure); ///< Called by Figure::setLayoutManager().
+
+    Qt::Alignment getAligment() const; // spelt so on purpose: part of the interface
+    void setAlignment(Qt::Alignment alignment);
+    int getSpacing() const; ///< The gap between children, for layouts that have one.
+    void setSpacing(int spacing);
+
+protected:
+    bool isLaidOut() const;
+    void setLaidOut(bool laidOut);
+    LayoutHelper *
+    getHelper(Figure *child) const;        ///< Null when \a child is not one of the children.
+    unsigned int getHTotalStretch() const; ///< Of the visible children.
+    unsigned int getVTotalStretch() const;
+
+private:
+    bool insert(Figure *child, LayoutHelper *helper, const QVariant &constraint, int index);
+    void forget(Figure *destroyedChild);
+    void releaseConstraint(LayoutHelper *helper, const QObject *successor);
+    unsigned int totalStretch(unsigned int LayoutHelper::*stretch) const;
+    bool isStillChild(Figure *child, quint64 changesBefore) const;
+
+    QPointer<Figure> m_figure;
+    Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    int m_spacing = 2;
+    Qt::Orientations m_expandingDirections = Qt::Horizontal | Qt::Vertical;
+    QSize m_preferredSize;
+    QSize m_minimumSize;
+    bool m_laidOut = false;
+    QList<Figure *> m_children;
+    QHash<Figure *, LayoutHelper *> m_helpers;
+    QList<ILayoutListener *> m_listeners;
+    quint64 m_changes = 0; // counts additions and removals, for walks that call out
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/shape/Shape.h>
+
+namespace Velmora::Figura {
+
+/// An ellipse inscribed in its bounds.
+class FIGURA_EXPORT Ellipse : public Shape
+{
+    Q_OBJECT
+
+public:
+    explicit Ellipse(QObject *parent = nullptr);
+    ~Ellipse() override;
+
+protected:
+    void regeneratePath(const QRectF &rect) override;
+};
+
+} // namespace Velmora::Figura

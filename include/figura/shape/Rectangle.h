@@ -1,0 +1,21 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/shape/Shape.h>
+
+namespace Velmora::Figura {
+
+/// A rectangle as large as its bounds.
+class FIGURA_EXPORT Rectangle : public Shape
+{
+    Q_OBJECT
+
+public:
+    explicit Rectangle(QObject *parent = nullptr);
+    ~Rectangle() override;
+
+protected:
+    void regeneratePath(const QRectF &rect) override;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/shape/Shape.h>
+
+namespace Velmora::Figura {
+
+/// A rectangle whose corners are quarters of ellipses.
+class FIGURA_EXPORT RoundedRectangle : public Shape
+{
+    Q_OBJECT
+
+public:
+    explicit RoundedRectangle(QObject *parent = nullptr);
+    ~RoundedRectangle() override;
+
+    /// The width of the corner ellipses in percent of the rectangle's width; 25 at first. Values
+    /// above 99 count as 99, below 1 the corners are square. Shows after the next change of bounds.
+    void setXRnd(int percent);
+    int getXRnd() const;
+    void setYRnd(int percent); ///< The same for the height.
+    int getYRnd() const;
+
+protected:
+    void regeneratePath(const QRectF &rect) override;
+
+private:
+    int m_xRnd = 25;
+    int m_yRnd = 25;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/figure/Figure.h>
+
+#include <QPainterPath>
+
+class QPalette;
+class QPen;
+
+namespace Velmora::Figura {
+
+/// The base of every figure that is one outlined and optionally filled path.
+///
+/// The path is rebuilt when the bounds change while the figure is attached to a displayed tree, and
+/// then only; rebuildPath() and rebuildPaths() serve trees that are built before they are shown.
+/// Colours left invalid are taken from the palette at the first paint and kept.
+class FIGURA_EXPORT Shape : public Figure
+{
+    Q_OBJECT
+
+public:
+    explicit Shape(QObject *parent = nullptr); ///< With a transparent background.
+    ~Shape() override;
+
+    // New virtual operations stand before the overrides: the order of the virtual table depends on
+    // it.
+
+    /// In figure units. Repaints, but the path keeps its inset until the bounds change.
+    virtual void setLineWidth(int width);
+
+protected:
+    /// Draws the path with the pen and brush that the painter carries; option.rect is the area less
+    /// half the line width.
+    virtual void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const;
+
+Q_SIGNALS:
+    void pathChanged(const QRectF &rect); ///< The path is due to be rebuilt for \a rect.
+
+protected Q_SLOTS:
+    /// Replaces the path by that for \a rect, in the coordinate system of the bounds.
+    virtual void regeneratePath(const QRectF &rect) = 0;
+
+public:
+    int getLineWidth() const;
+    Qt::PenStyle getLineStyle() const;
+    void setLineStyle(Qt::PenStyle style);
+    Qt::PenCapStyle getCapStyle() const;
+    void setCapStyle(Qt::PenCapStyle style); ///< Stored; painting keeps Qt's own default.
+    Qt::PenJoinStyle getJoinStyle() const;
+    void setJoinStyle(Qt::PenJoinStyle style); ///< Stored; painting keeps Qt's own default.
+
+    QColor getEnabledFGColor() const;
+    void setEnabledFGColor(const QColor &color); ///< The outline; repaints always, as all below.
+    QColor getEnabledBGColor() const;
+    void setEnabledBGColor(const QColor &color); ///< The fill.
+    QColor getDisabledFGColor() const;
+    void setDisabledFGColor(const QColor &color); ///< Outline and fill while disabled.
+    QColor getDisabledBGColor() const;            ///< The disabled foreground, on purpose.
+    void setDisabledBGColor(const QColor &color); ///< Stored, but not painted with.
+    bool getFill() const;
+    void setFill(bool fill);
+
+    /// Builds the path for the current bounds and repaints, attached or not.
+    void rebuildPath();
+
+    void setBounds(const QRect &rect) override;
+    bool contains(const QPoint &point) const override; ///< Whether the path contains \a point.
+    void addNotify() override;
+    void removeNotify() override;
+
+protected:
+    void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
+
+    QPainterPath &painterPath();
+    const QPainterPath &getPainterPath() const;
+    /// \a path in absolute coordinates while the figure is attached, else as it is.
+    QPainterPath absolutePath(const QPainterPath &path) const;
+    void clipToPath(QPainter *painter) const; ///< Narrows the clip, unless the path is empty.
+
+private:
+    struct Colors
+    {
+        QColor pen;
+        QColor fill;
+    };
+
+    QRectF pathRect(const QRect &bounds) const;
+    void adoptPaletteColor(QColor &color, const QColor &paletteColor) const;
+    Colors enabledColors(const QPalette &palette) const;
+    Colors disabledColors(const QPalette &palette) const;
+    QPen createPen(const QPainter &painter, const QColor &color) const;
+
+    QPainterPath m_path;
+    Qt::PenStyle m_lineStyle = Qt::SolidLine;
+    Qt::PenCapStyle m_capStyle = Qt::SquareCap;
+    Qt::PenJoinStyle m_joinStyle = Qt::MiterJoin;
+    int m_lineWidth = 1;
+    mutable QColor m_enabledFGColor; // mutable: painting fills in what the palette says
+    mutable QColor m_enabledBGColor;
+    mutable QColor m_disabledFGColor;
+    mutable QColor m_disabledBGColor;
+    bool m_fill = true;
+};
+
+/// Calls Shape::rebuildPath() on each shape of the tree below and including \a root; null is
+/// ignored.
+FIGURA_EXPORT void rebuildPaths(Figure *root);
+
+} // namespace Velmora::Figura

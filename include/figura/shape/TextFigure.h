@@ -1,0 +1,55 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/figure/Figure.h>
+
+#include <QFont>
+
+namespace Velmora::Figura {
+
+/// One line of text, drawn in its bounds. A change of text, font or indent sets the minimum and the
+/// preferred size anew.
+class FIGURA_EXPORT TextFigure : public Figure
+{
+    Q_OBJECT
+
+public:
+    explicit TextFigure(const QString &text, QObject *parent = nullptr,
+                        const QColor &backgroundColor = Qt::white);
+    explicit TextFigure(QObject *parent = nullptr); ///< Empty text on white.
+    ~TextFigure() override;
+
+    QString getText() const;
+    void setText(const QString &text);
+    QFont getFont() const;
+    void setFont(const QFont &font);
+
+    int getIndent() const;      ///< Space before the text, in figure units.
+    void setIndent(int indent); ///< A negative value counts as 0, but only after the comparison.
+
+    QColor getTextColor() const; ///< Invalid at first, which paints black.
+    void setTextColor(const QColor &color);
+    Qt::Alignment getAlignment() const;
+    void setAlignment(Qt::Alignment alignment); ///< Inside the bounds; does not change the size.
+
+    /// Rounds the size up to whole steps of 5 units, from the next change of content on.
+    void setSnapToGrid(bool snap);
+
+protected:
+    QSize calculateContentSize() override;
+    void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
+
+private:
+    QSize snapped(const QSize &size);
+    void updateSize();
+
+    Qt::Alignment m_alignment = Qt::AlignLeft;
+    QString m_text;
+    QFont m_font;
+    int m_indent = 0;
+    QColor m_textColor;
+    int m_gridStep = 5;
+    bool m_snapToGrid = false;
+};
+
+} // namespace Velmora::Figura

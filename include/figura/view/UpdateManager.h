@@ -1,0 +1,50 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/view/IFigureViewer.h> // complete, so that the signal's argument has a meta-type
+#include <figura/view/IUpdateManager.h>
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+namespace Velmora::Figura {
+
+class Figure;
+
+/// Queues figures for validation until the next paint, and passes damage on to the viewer at once.
+///
+/// Schedules nothing by itself: the paint events that damage asks for bring the validation. Every
+/// operation is refused with a warning while no viewer is set. Owns neither viewer nor figures; a
+/// queued figure that is destroyed leaves the queue.
+class FIGURA_EXPORT UpdateManager : public QObject, public IUpdateManager
+{
+    Q_OBJECT
+    Q_INTERFACES(Velmora::Figura::IUpdateManager)
+
+public:
+    explicit UpdateManager(QObject *parent = nullptr);
+    ~UpdateManager() override;
+
+    void setViewer(IFigureViewer *viewer);
+    IFigureViewer *getViewer() const;
+
+    /// Reports damage. \a rect is in the coordinate system of the figure's bounds; \a figure must
+    /// not be null.
+    void addDirtyRegion(Figure *figure, const QRect &rect) override;
+    void addDirtyRegion(const QRect &rect) override; ///< \a rect is in absolute coordinates.
+    void addInvalidFigure(Figure *figure) override;  ///< Queues once; null is refused.
+
+    /// Validates the queued figures in the order of their arrival and empties the queue. Figures
+    /// queued meanwhile are dropped.
+    void performUpdate() override;
+
+Q_SIGNALS:
+    void aboutToValidate(IFigureViewer *pFigureViewer); ///< Only when something is queued.
+
+private:
+    QList<QPointer<Figure>> m_invalidFigures;
+    IFigureViewer *m_viewer = nullptr;
+};
+
+} // namespace Velmora::Figura
