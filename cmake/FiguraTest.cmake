@@ -1,5 +1,19 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 
+option(FIGURA_SANITIZE "The flags turn sanitizers on: let the tests tell them what to do" OFF)
+mark_as_advanced(FIGURA_SANITIZE)
+
+set(FIGURA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8)
+if(FIGURA_SANITIZE)
+    list(
+        APPEND
+        FIGURA_TEST_ENVIRONMENT
+        ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+        UBSAN_OPTIONS=print_stacktrace=1
+        LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0
+    )
+endif()
+
 # figura_add_test(tst_name [SOURCES file...] [LIBRARIES target...])
 #
 # One executable and one test, both called tst_name. Without SOURCES it is made of tst_name.cpp.
@@ -26,8 +40,6 @@ endfunction()
 # The same picture on every machine: no display, no local language, no settings of the user.
 function(figura_set_test_environment name)
     set_tests_properties(
-        ${name}
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${FIGURA_SANITIZER_OPTIONS}"
-                   TIMEOUT 300
+        ${name} PROPERTIES ENVIRONMENT "${FIGURA_TEST_ENVIRONMENT}" TIMEOUT 300
     )
 endfunction()
