@@ -1,0 +1,20 @@
+// Whoever finds the installed package gets every header, the library and the Qt modules behind it.
+#include <figura/Figura.h>
+
+#include <QApplication>
+
+using namespace Velmora::Figura;
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+
+    Figure root;
+    root.setLayoutManager(new XYLayout(&root));
+    root.setBounds(QRect(0, 0, 100, 100));
+    auto *child = new Rectangle(&root);
+    root.add(child, QRect(10, 20, 30, 40));
+    root.validate();
+
+    return root.findFigureAt(QPoint(15, 25)) == child ? 0 : 1;
+}
