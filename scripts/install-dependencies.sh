@@ -7,7 +7,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 packages=(
     cmake ninja-build ccache g++ pkg-config
     qt6-base-dev libgl-dev
-    libgraphviz-dev graphviz
+    libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
 if [ "${1:-}" = --tests ]; then
