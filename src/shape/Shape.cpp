@@ -1,0 +1,304 @@
+#include <figura/shape/Shape.h>
+
+#include <figura/connection/Polyline.h>
+#include <figura/connection/PolylineF.h>
+
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QStyleOptionViewItem>
+
+#include <cmath>
+
+namespace Velmora::Figura {
+namespace {
+
+// From this resolution on a device counts as a printer, where lines keep their size in units.
+constexpr int PRINTER_DPI = 150;
+
+// What half the line takes off each side; an odd width loses its extra pixel right and bottom.
+QMargins halfLine(int lineWidth)
+{
+    const double half = lineWidth / 2.0;
+    const int smaller = static_cast<int>(std::floor(half));
+    const int larger = static_cast<int>(std::ceil(half));
+    return {smaller, smaller, larger, larger};
+}
+
+// Not isEmpty(), which also holds for a path that has moved somewhere.
+bool isUnbuilt(const QPainterPath &path)
+{
+    return path == QPainterPath();
+}
+
+// Polylines take their bounds from the path: invalid ones may only say that it is not built yet.
+bool isPlacedByPoints(const Shape *shape)
+{
+    return qobject_cast<const Polyline *>(shape) || qobject_cast<const PolylineF *>(shape);
+}
+
+} // namespace
+
+Shape::Shape(QObject *parent)
+    : Figure(parent, Qt::transparent)
+{
+}
+
+Shape::~Shape() = default;
+
+void Shape::setLineWidth(int width)
+{
+    if (width == m_lineWidth)
+        return;
+    m_lineWidth = width;
+    repaint();
+}
+
+int Shape::getLineWidth() const
+{
+    return m_lineWidth;
+}
+
+Qt::PenStyle Shape::getLineStyle() const
+{
+    return m_lineStyle;
+}
+
+void Shape::setLineStyle(Qt::PenStyle style)
+{
+    if (style == m_lineStyle)
+        return;
+    m_lineStyle = style;
+    repaint();
+}
+
+Qt::PenCapStyle Shape::getCapStyle() const
+{
+    return m_capStyle;
+}
+
+void Shape::setCapStyle(Qt::PenCapStyle style)
+{
+    if (style == m_capStyle)
+        return;
+    m_capStyle = style;
+    repaint();
+}
+
+Qt::PenJoinStyle Shape::getJoinStyle() const
+{
+    return m_joinStyle;
+}
+
+void Shape::setJoinStyle(Qt::PenJoinStyle style)
+{
+    if (style == m_joinStyle)
+        return;
+    m_joinStyle = style;
+    repaint();
+}
+
+QColor Shape::getEnabledFGColor() const
+{
+    return m_enabledFGColor;
+}
+
+// The setters of colours and fill repaint without comparing, on purpose.
+void Shape::setEnabledFGColor(const QColor &color)
+{
+    m_enabledFGColor = color;
+    repaint();
+}
+
+QColor Shape::getEnabledBGColor() const
+{
+    return m_enabledBGColor;
+}
+
+void Shape::setEnabledBGColor(const QColor &color)
+{
+    m_enabledBGColor = color;
+    repaint();
+}
+
+QColor Shape::getDisabledFGColor() const
+{
+    return m_disabledFGColor;
+}
+
+void Shape::setDisabledFGColor(const QColor &color)
+{
+    m_disabledFGColor = color;
+    repaint();
+}
+
+QColor Shape::getDisabledBGColor() const
+{
+    return m_disabledFGColor; // the foreground on purpose: it is what a disabled shape is filled
+                              // with
+}
+
+void Shape::setDisabledBGColor(const QColor &color)
+{
+    m_disabledBGColor = color;
+    repaint();
+}
+
+bool Shape::getFill() const
+{
+    return m_fill;
+}
+
+void Shape::setFill(bool fill)
+{
+    m_fill = fill;
+    repaint();
+}
+
+void Shape::rebuildPath()
+{
+    const QRect bounds = getBounds();
+    if (!bounds.isValid() && !isPlacedByPoints(this))
+        return;
+
+    erase(); // the area may change with the path
+    regeneratePath(pathRect(resolveBounds(bounds)));
+    repaint();
+}
+
+void Shape::setBounds(const QRect &rect)
+{
+    const QRect resolved = resolveBounds(rect);
+    if (resolved != getBounds())
+        Q_EMIT pathChanged(pathRect(resolved)); // before the bounds are stored, on purpose
+    Figure::setBounds(rect);
+}
+
+bool Shape::contains(const QPoint &point) const
+{
+    return m_path.contains(QPointF(point));
+}
+
+void Shape::addNotify()
+{
+    Figure::addNotify();
+    connect(this, SIGNAL(pathChanged(const QRectF &)), this, SLOT(regeneratePath(const QRectF &)));
+}
+
+void Shape::removeNotify()
+{
+    disconnect(this, SIGNAL(pathChanged(const QRectF &)), this,
+               SLOT(regeneratePath(const QRectF &)));
+    Figure::removeNotify();
+}
+
+QPainterPath &Shape::painterPath()
+{
+    return m_path;
+}
+
+const QPainterPath &Shape::getPainterPath() const
+{
+    return m_path;
+}
+
+QPainterPath Shape::absolutePath(const QPainterPath &path) const
+{
+    if (!getFlag(FLAG_NOTIFIED))
+        return path;
+
+    QPointF origin;
+    const_cast<Shape *>(this)->translateToAbsolute(origin);
+    // Mapping by nothing hands the same shared path back, with all that Qt has cached for it.
+    return QTransform::fromTranslate(origin.x(), origin.y()).map(path);
+}
+
+void Shape::clipToPath(QPainter *painter) const
+{
+    if (!isUnbuilt(m_path))
+        painter->setClipPath(absolutePath(m_path), Qt::IntersectClip);
+}
+
+void Shape::drawShape(QPainter *painter, const QStyleOptionViewItem & /*option*/) const
+{
+    if (!isUnbuilt(m_path))
+        painter->drawPath(absolutePath(m_path));
+}
+
+void Shape::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (!painter)
+        return;
+
+    painter->save();
+    const Colors colors =
+        isEnabled() ? enabledColors(option.palette) : disabledColors(option.palette);
+    painter->setBrush(m_fill ? QBrush(colors.fill, Qt::SolidPattern) : QBrush(Qt::NoBrush));
+    painter->setPen(createPen(*painter, colors.pen));
+
+    QStyleOptionViewItem inner(option);
+    inner.rect = option.rect.marginsRemoved(halfLine(m_lineWidth));
+    drawShape(painter, inner);
+    painter->restore();
+}
+
+QRectF Shape::pathRect(const QRect &bounds) const
+{
+    return bounds.marginsRemoved(halfLine(m_lineWidth));
+}
+
+void Shape::adoptPaletteColor(QColor &color, const QColor &paletteColor) const
+{
+    if (color.isValid())
+        return;
+    color = paletteColor;
+    const_cast<Shape *>(this)->repaint();
+}
+
+Shape::Colors Shape::enabledColors(const QPalette &palette) const
+{
+    adoptPaletteColor(m_enabledFGColor, palette.color(QPalette::Active, QPalette::ButtonText));
+    adoptPaletteColor(m_enabledBGColor, palette.color(QPalette::Active, QPalette::Button));
+    return {m_enabledFGColor, m_enabledBGColor};
+}
+
+Shape::Colors Shape::disabledColors(const QPalette &palette) const
+{
+    // The roles cross over and the foreground fills as well, on purpose. The background is stored
+    // anew only when even the palette had no foreground, and never painted with.
+    adoptPaletteColor(m_disabledFGColor, palette.color(QPalette::Disabled, QPalette::Button));
+    if (!m_disabledFGColor.isValid()) {
+        m_disabledBGColor = QColor();
+        adoptPaletteColor(m_disabledBGColor,
+                          palette.color(QPalette::Disabled, QPalette::ButtonText));
+    }
+    return {m_disabledFGColor, m_disabledFGColor};
+}
+
+QPen Shape::createPen(const QPainter &painter, const QColor &color) const
+{
+    QPen pen(color);
+    pen.setStyle(m_lineStyle);
+
+    const double scaledWidth = m_lineWidth * painter.transform().m11();
+    if (m_lineStyle == Qt::SolidLine && painter.device()->physicalDpiX() < PRINTER_DPI) {
+        pen.setWidth(static_cast<int>(scaledWidth + 0.4999)); // exactly half a pixel rounds down
+        pen.setCosmetic(true);
+    } else {
+        pen.setWidth(scaledWidth > 1.0 ? m_lineWidth : 0);
+    }
+    return pen;
+}
+
+void rebuildPaths(Figure *root)
+{
+    if (!root)
+        return;
+    if (auto *shape = qobject_cast<Shape *>(root))
+        shape->rebuildPath();
+    const QList<Figure *> children = root->childFigures();
+    for (Figure *child : children)
+        rebuildPaths(child);
+}
+
+} // namespace Velmora::Figura

@@ -1,0 +1,143 @@
+#include <figura/shape/TextFigure.h>
+
+#include <figura/figure/Border.h>
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyleOptionViewItem>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Velmora::Figura {
+namespace {
+
+int roundedUpTo(int step, int value)
+{
+    return qRound(std::ceil(static_cast<double>(value) / step) * step);
+}
+
+} // namespace
+
+TextFigure::TextFigure(const QString &text, QObject *parent, const QColor &backgroundColor)
+    : Figure(parent, backgroundColor)
+{
+    setText(text);
+}
+
+TextFigure::TextFigure(QObject *parent)
+    : Figure(parent, Qt::white)
+{
+}
+
+TextFigure::~TextFigure() = default;
+
+QString TextFigure::getText() const
+{
+    return m_text;
+}
+
+void TextFigure::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    updateSize();
+}
+
+QFont TextFigure::getFont() const
+{
+    return m_font;
+}
+
+void TextFigure::setFont(const QFont &font)
+{
+    if (font == m_font)
+        return;
+    m_font = font;
+    updateSize();
+}
+
+int TextFigure::getIndent() const
+{
+    return m_indent;
+}
+
+void TextFigure::setIndent(int indent)
+{
+    // Compared before it is clamped, on purpose: the same negative value updates each time.
+    if (indent == m_indent)
+        return;
+    m_indent = std::max(indent, 0);
+    updateSize();
+}
+
+QColor TextFigure::getTextColor() const
+{
+    return m_textColor;
+}
+
+void TextFigure::setTextColor(const QColor &color)
+{
+    if (color == m_textColor)
+        return;
+    m_textColor = color;
+    repaint();
+}
+
+Qt::Alignment TextFigure::getAlignment() const
+{
+    return m_alignment;
+}
+
+void TextFigure::setAlignment(Qt::Alignment alignment)
+{
+    if (alignment == m_alignment)
+        return;
+    m_alignment = alignment;
+    repaint();
+}
+
+void TextFigure::setSnapToGrid(bool snap)
+{
+    m_snapToGrid = snap;
+}
+
+QSize TextFigure::calculateContentSize()
+{
+    const QFontMetrics metrics(m_font);
+    const QSize size(m_indent + metrics.horizontalAdvance(m_text), metrics.lineSpacing());
+    return m_snapToGrid ? snapped(size) : size;
+}
+
+// Content, margin and border together are to make up whole steps, so the latter two come off.
+QSize TextFigure::snapped(const QSize &size)
+{
+    const QSize whole(roundedUpTo(m_gridStep, size.width()),
+                      roundedUpTo(m_gridStep, size.height()));
+    QSize total = applyMargin(whole);
+    if (const Border *border = getBorder())
+        border->getInsets().addTo(total);
+    return whole * 2.0 - total;
+}
+
+void TextFigure::updateSize()
+{
+    const QSize size = applyMargin(calculateContentSize());
+    setMinimumSize(size);
+    setPreferredSize(size);
+    revalidate();
+    repaint();
+}
+
+void TextFigure::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    painter->save();
+    painter->setPen(QPen(m_textColor));
+    painter->setFont(m_font);
+    const QRect rect = option.rect.adjusted(m_indent, 0, 0, 0);
+    painter->drawText(rect, m_alignment.toInt(), m_text);
+    painter->restore();
+}
+
+} // namespace Velmora::Figura
