@@ -252,7 +252,7 @@ private:
     friend class FreeformWidget; // hands the root figure its update manager
 
     void setUpdateManager(UpdateManager *manager);
-    QPoint clientOffset(bool *shifted);
+    QPoint clientOffset();
     void drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
                        const QRect &rect) const;
 

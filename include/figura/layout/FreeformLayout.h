@@ -46,8 +46,10 @@ protected:
 
 private:
     bool watch(Figure *child);
+    const QRect &cachedExtent();
 
-    QRect m_extent; // invalid: not computed yet
+    QRect m_extent;               // invalid: not computed yet
+    unsigned int m_extentAge = 0; // destroyedChildCount() when the extent was computed
     bool m_contentMonitored;
 };
 

@@ -40,8 +40,11 @@ protected:
     bool performLayout(const QRect &clientArea) override;
 
 private:
-    QRect m_extent;      // invalid: not computed yet
-    QRect m_childBounds; // stays invalid, so that performLayout() leaves the layers alone
+    const QRect &cachedExtent();
+
+    QRect m_extent;               // invalid: not computed yet
+    unsigned int m_extentAge = 0; // destroyedChildCount() when the extent was computed
+    QRect m_childBounds;          // stays invalid, so that performLayout() leaves the layers alone
 };
 
 } // namespace Velmora::Figura

@@ -28,9 +28,6 @@ protected:
     QSize calculateMinimumSize() override;
     bool performLayout(const QRect &clientArea) override;
     bool applyConstraint(Figure *child, const QVariant &constraint) override;
-
-private:
-    friend class BoxLayoutAccess; // the implementation shared with the other box layout
 };
 
 } // namespace Velmora::Figura

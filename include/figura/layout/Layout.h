@@ -28,18 +28,22 @@ public:
     class FIGURA_EXPORT LayoutHelper
     {
     public:
-        LayoutHelper(const QVariant &constraint, unsigned int vStretch, unsigned int hStretch);
+        LayoutHelper(const QVariant &constraint, unsigned int verticalStretch,
+                     unsigned int horizontalStretch);
 
-        QVariant constraint;
-        unsigned int vStretch; ///< Summed by getVTotalStretch().
-        unsigned int hStretch; ///< Summed by getHTotalStretch().
+        QVariant getConstraint() const; ///< Invalid once the object that it holds is destroyed.
+        void setConstraint(const QVariant &constraint);
+
+        const unsigned int vStretch; ///< Summed by getVTotalStretch().
+        const unsigned int hStretch; ///< Summed by getHTotalStretch().
 
     private:
         friend class Layout;
 
-        QPointer<QObject>
-            constraintObject; // tells whether the object in the constraint still lives
-        QMetaObject::Connection childWatch;
+        QVariant m_constraint;
+        QPointer<QObject> m_object; // the object in the constraint, while it lives
+        bool m_holdsObject = false;
+        QMetaObject::Connection m_childWatch;
     };
 
     explicit Layout(QObject *parent = nullptr);
@@ -110,12 +114,16 @@ protected:
     unsigned int getHTotalStretch() const; ///< Of the visible children.
     unsigned int getVTotalStretch() const;
 
+    /// How many children were destroyed while they were in this layout. What a subclass has cached
+    /// about its children is stale when this has changed.
+    unsigned int destroyedChildCount() const;
+
 private:
-    bool insert(Figure *child, LayoutHelper *helper, const QVariant &constraint, int index);
+    bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
+    void enlist(Figure *child, const LayoutHelper &record, int index);
+    QMetaObject::Connection dismiss(Figure *child);
     void forget(Figure *destroyedChild);
-    void releaseConstraint(LayoutHelper *helper, const QObject *successor);
-    unsigned int totalStretch(unsigned int LayoutHelper::*stretch) const;
-    bool isStillChild(Figure *child, quint64 changesBefore) const;
+    unsigned int totalStretch(const unsigned int LayoutHelper::*stretch) const;
 
     QPointer<Figure> m_figure;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
@@ -127,7 +135,7 @@ private:
     QList<Figure *> m_children;
     QHash<Figure *, LayoutHelper *> m_helpers;
     QList<ILayoutListener *> m_listeners;
-    quint64 m_changes = 0; // counts additions and removals, for walks that call out
+    unsigned int m_destroyedChildren = 0;
 };
 
 } // namespace Velmora::Figura

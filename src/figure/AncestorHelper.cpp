@@ -1,0 +1,109 @@
+#include <figura/figure/AncestorHelper.h>
+
+#include <figura/figure/Figure.h>
+
+#include <QVariant>
+
+namespace Velmora::Figura {
+
+AncestorHelper::AncestorHelper(Figure *figure, QObject *parent)
+    : QObject(parent)
+    , m_figure(figure)
+{
+    AncestorHelper::addAncestors(figure);
+    connect(this, &AncestorHelper::ancestorAdded, figure, &Figure::ancestorAdded);
+    connect(this, &AncestorHelper::ancestorMoved, figure, &Figure::ancestorMoved);
+    connect(this, &AncestorHelper::ancestorRemoved, figure, &Figure::ancestorRemoved);
+}
+
+AncestorHelper::~AncestorHelper()
+{
+    cleanup();
+}
+
+void AncestorHelper::addAncestors(Figure *figure)
+{
+    for (Figure *ancestor = figure; ancestor; ancestor = ancestor->getParentFigure())
+        hook(ancestor);
+}
+
+// What was hooked is let go of, not what the parent chain says now: an ancestor that is being
+// destroyed can no longer be asked for its own parent.
+void AncestorHelper::removeAncestors(Figure *figure)
+{
+    const int first = firstHook(figure);
+    if (first < 0)
+        return;
+    const QList<Hook> removed = m_chain.mid(first);
+    m_chain.erase(m_chain.begin() + first, m_chain.end());
+    for (const Hook &hook : removed)
+        unhook(hook);
+}
+
+void AncestorHelper::hook(Figure *figure)
+{
+    m_chain.append(
+        {figure, connect(figure, SIGNAL(figureMoved(Figure *)), SLOT(figureMoved(Figure *))),
+         connect(figure, SIGNAL(destroyed(QObject *)), SLOT(ancestorDestroyed(QObject *)))});
+    figure->addPropertyChangeListener(this);
+}
+
+void AncestorHelper::unhook(const Hook &hook)
+{
+    disconnect(hook.moved);
+    disconnect(hook.destroyed);
+    if (hook.figure)
+        hook.figure->removePropertyChangeListener(this);
+}
+
+int AncestorHelper::firstHook(Figure *figure) const
+{
+    for (qsizetype i = 0; i < m_chain.size(); ++i) {
+        if (m_chain.at(i).figure == figure)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void AncestorHelper::cleanup()
+{
+    if (!m_figure)
+        return;
+    Figure *figure = m_figure;
+    m_figure.clear();
+    removeAncestors(figure);
+}
+
+void AncestorHelper::figureMoved(Figure *pFigure)
+{
+    if (pFigure)
+        Q_EMIT ancestorMoved(pFigure);
+}
+
+void AncestorHelper::ancestorDestroyed(QObject *pObj)
+{
+    if (pObj)
+        cleanup();
+}
+
+void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant &oldValue,
+                                     const QVariant &newValue)
+{
+    if (propertyName != Figure::PROPERTY_PARENT)
+        return;
+
+    // A listener may give up watching while it is told, which deletes this helper.
+    const QPointer<AncestorHelper> alive(this);
+    if (auto *oldParent = qobject_cast<Figure *>(oldValue.value<QObject *>())) {
+        removeAncestors(oldParent);
+        Q_EMIT ancestorRemoved(oldParent);
+    }
+    if (!alive)
+        return;
+    if (auto *newParent = qobject_cast<Figure *>(newValue.value<QObject *>())) {
+        addAncestors(newParent);
+        Q_EMIT ancestorAdded(newParent);
+    }
+}
+
+} // namespace Velmora::Figura

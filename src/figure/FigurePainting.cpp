@@ -1,0 +1,184 @@
+// Painting, damage, and the validation that comes before the paint.
+
+#include <figura/figure/Figure.h>
+
+#include "childwalk_p.h"
+
+#include <figura/figure/Border.h>
+#include <figura/layout/Layout.h>
+#include <figura/view/UpdateManager.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QRubberBand>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QStyleOptionRubberBand>
+#include <QStyleOptionViewItem>
+
+namespace Velmora::Figura {
+namespace {
+
+void drawRubberBand(QPainter *painter, const QStyleOption &option, const QRect &rect)
+{
+    QStyleOptionRubberBand band;
+    band.QStyleOption::operator=(option);
+    band.shape = QRubberBand::Rectangle;
+    band.opaque = false;
+    band.rect = rect;
+    QApplication::style()->drawControl(QStyle::CE_RubberBand, &band, painter);
+}
+
+void drawFocusFrame(QPainter *painter, const QStyleOption &option, const QRect &rect)
+{
+    QStyleOptionFocusRect frame;
+    frame.QStyleOption::operator=(option);
+    frame.state |= QStyle::State_KeyboardFocusChange;
+    frame.rect = rect;
+    QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter);
+}
+
+} // namespace
+
+void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
+{
+    if (!painter)
+        return;
+    QRect rect = getBoundingRect();
+    if (!rect.isValid()) {
+        QMessageLogger().debug("Figure::render(): invalid figure bounds");
+        return;
+    }
+    translateToAbsolute(rect);
+    if (!rect.intersects(option.rect))
+        return;
+
+    QStyleOptionViewItem part(option);
+    part.rect = rect;
+    painter->save();
+    drawBackground(painter, part);
+    drawFigure(painter, part);
+    drawBorder(painter, part, getBorder());
+    painter->restore();
+
+    const QRect content = calculateContentRect(rect);
+    if (!content.isValid())
+        return;
+    if (option.rect.intersects(content)) {
+        part.rect = option.rect & content;
+        drawChildren(painter, part);
+    }
+    if (m_clientAreaHighlighted)
+        drawHighlight(painter, option, content);
+}
+
+void Figure::drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (m_backgroundColor != QColor(Qt::transparent))
+        painter->fillRect(option.rect, m_backgroundColor);
+}
+
+void Figure::drawFigure(QPainter * /*painter*/, const QStyleOptionViewItem & /*option*/) const {}
+
+void Figure::drawBorder(QPainter *painter, const QStyleOptionViewItem &option,
+                        const Border *border) const
+{
+    if (border)
+        border->render(painter, option);
+}
+
+void Figure::drawChildren(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    Layout *layout = getLayoutManager();
+    if (layout && option.rect.isValid())
+        layout->render(painter, option);
+}
+
+void Figure::drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
+                           const QRect &rect) const
+{
+    if (m_highlightStyle == IStyleConstants::HIGHLIGHT_FOCUSRECT)
+        drawFocusFrame(painter, option, rect);
+    else
+        drawRubberBand(painter, option, rect);
+}
+
+void Figure::erase()
+{
+    QRect rect = getBoundingRect();
+    Figure *parent = getParentFigure();
+    if (!rect.isValid() || !parent || !isVisible())
+        return;
+    parent->translateToParent(rect);
+    parent->repaint(rect);
+}
+
+void Figure::repaint()
+{
+    repaint(getBoundingRect());
+}
+
+void Figure::repaint(int x, int y, int w, int h)
+{
+    repaint(QRect(x, y, w, h));
+}
+
+void Figure::repaint(const QRect &rect)
+{
+    if (!rect.isValid() || !isVisible())
+        return;
+    if (UpdateManager *manager = getUpdateManager())
+        manager->addDirtyRegion(this, rect);
+}
+
+void Figure::invalidate()
+{
+    setFlag(FLAG_VALID, false);
+    if (Layout *layout = getLayoutManager())
+        layout->invalidate();
+}
+
+void Figure::revalidate()
+{
+    invalidate();
+    Figure *parent = getParentFigure();
+    if (parent && !isValidateRoot())
+        parent->revalidate();
+    else if (UpdateManager *manager = getUpdateManager())
+        manager->addInvalidFigure(this);
+}
+
+void Figure::validate()
+{
+    if (isValid())
+        return;
+
+    const QPointer<Figure> alive(this);
+    layout();
+    walkChildren(this, [](Figure *child) { child->validate(); });
+    if (alive)
+        setValid(true);
+}
+
+void Figure::layout()
+{
+    if (Layout *layout = getLayoutManager())
+        layout->layout(this);
+}
+
+bool Figure::isValidateRoot() const
+{
+    return false;
+}
+
+bool Figure::isValid() const
+{
+    return getFlag(FLAG_VALID);
+}
+
+void Figure::setValid(bool valid)
+{
+    setFlag(FLAG_VALID, valid);
+}
+
+} // namespace Velmora::Figura

@@ -1,0 +1,124 @@
+#include <figura/layout/FreeformLayout.h>
+
+#include "figure/childwalk_p.h"
+
+#include <figura/figure/Border.h>
+
+namespace Velmora::Figura {
+
+FreeformLayout::FreeformLayout(QObject *parent, bool contentMonitored)
+    : XYLayout(parent)
+    , m_contentMonitored(contentMonitored)
+{
+}
+
+FreeformLayout::~FreeformLayout() = default;
+
+bool FreeformLayout::add(Figure *child, const QVariant &constraint, int index)
+{
+    return XYLayout::add(child, constraint, index) && watch(child);
+}
+
+bool FreeformLayout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    return XYLayout::add(child, vStretch, hStretch, index) && watch(child);
+}
+
+bool FreeformLayout::watch(Figure *child)
+{
+    if (m_contentMonitored)
+        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    return true;
+}
+
+bool FreeformLayout::remove(Figure *child)
+{
+    const QPointer<Figure> alive(child);
+    if (!XYLayout::remove(child))
+        return false;
+    if (alive)
+        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    examineExtent();
+    return true;
+}
+
+bool FreeformLayout::isRelativeLayout() const
+{
+    return false;
+}
+
+QPoint FreeformLayout::getOrigin(Figure * /*figure*/)
+{
+    return QPoint();
+}
+
+bool FreeformLayout::isContentMonitored() const
+{
+    return m_contentMonitored;
+}
+
+// It is the container that is watched here, while add() watches the children; both are meant.
+void FreeformLayout::setContentMonitored(bool monitored)
+{
+    Figure *container = getFigure();
+    if (container && monitored && !m_contentMonitored)
+        connect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    else if (container && !monitored && m_contentMonitored)
+        disconnect(container, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+    m_contentMonitored = monitored;
+}
+
+QRect FreeformLayout::calculateFreeformExtent()
+{
+    QRect extent;
+    Figure *container = getFigure();
+    if (!container)
+        return extent;
+
+    walkChildren(this, [this, &extent](Figure *child) {
+        const QVariant constraint = getConstraint(child);
+        const int type = constraint.typeId();
+        if (child->isVisible() && (type == QMetaType::QRect || type == QMetaType::QRectF))
+            extent |= child->resolveBounds(constraint.toRect());
+    });
+    if (Border *border = container->getBorder())
+        border->getInsets().stripFrom(extent);
+    return extent;
+}
+
+// A destroyed child tells nothing of its rectangle, so the extent that counted it is void.
+const QRect &FreeformLayout::cachedExtent()
+{
+    if (m_extentAge != destroyedChildCount())
+        m_extent = QRect();
+    m_extentAge = destroyedChildCount();
+    return m_extent;
+}
+
+QRect FreeformLayout::getFreeformExtent()
+{
+    if (!cachedExtent().isValid())
+        m_extent = calculateFreeformExtent();
+    return m_extent;
+}
+
+void FreeformLayout::examineExtent()
+{
+    const QRect extent = calculateFreeformExtent();
+    if (extent == cachedExtent())
+        return;
+    m_extent = extent;
+    Q_EMIT extentChanged();
+}
+
+QSize FreeformLayout::calculateMinimumSize()
+{
+    return getFreeformExtent().size();
+}
+
+QSize FreeformLayout::calculatePreferredSize()
+{
+    return getMinimumSize();
+}
+
+} // namespace Velmora::Figura

@@ -1,0 +1,47 @@
+#include <figura/layout/HBoxLayout.h>
+
+#include "box_p.h"
+
+namespace Velmora::Figura {
+
+HBoxLayout::HBoxLayout(QObject *parent)
+    : Layout(parent)
+{
+    setAlignment(Qt::AlignCenter); // differs from the other box layout on purpose
+}
+
+HBoxLayout::~HBoxLayout() = default;
+
+bool HBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
+{
+    return Layout::setConstraint(child, boxConstraint(child, constraint));
+}
+
+bool HBoxLayout::applyConstraint(Figure *child, const QVariant &constraint)
+{
+    if (!Layout::applyConstraint(child, constraint))
+        return false;
+    applyBoxConstraint(child, constraint);
+    return true;
+}
+
+QSize HBoxLayout::calculateMinimumSize()
+{
+    return boxMinimumSize(this, Qt::Horizontal);
+}
+
+QSize HBoxLayout::calculatePreferredSize()
+{
+    return boxPreferredSize(this, Qt::Horizontal);
+}
+
+bool HBoxLayout::performLayout(const QRect &clientArea)
+{
+    const auto stretchOf = [this](Figure *child) {
+        const LayoutHelper *helper = getHelper(child);
+        return helper ? &helper->hStretch : nullptr;
+    };
+    return layOutBox(this, Qt::Horizontal, clientArea, {getHTotalStretch(), stretchOf});
+}
+
+} // namespace Velmora::Figura

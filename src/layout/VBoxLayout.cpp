@@ -1,0 +1,47 @@
+#include <figura/layout/VBoxLayout.h>
+
+#include "box_p.h"
+
+namespace Velmora::Figura {
+
+VBoxLayout::VBoxLayout(QObject *parent)
+    : Layout(parent)
+{
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter); // differs from the other box layout on purpose
+}
+
+VBoxLayout::~VBoxLayout() = default;
+
+bool VBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
+{
+    return Layout::setConstraint(child, boxConstraint(child, constraint));
+}
+
+bool VBoxLayout::applyConstraint(Figure *child, const QVariant &constraint)
+{
+    if (!Layout::applyConstraint(child, constraint))
+        return false;
+    applyBoxConstraint(child, constraint);
+    return true;
+}
+
+QSize VBoxLayout::calculateMinimumSize()
+{
+    return boxMinimumSize(this, Qt::Vertical);
+}
+
+QSize VBoxLayout::calculatePreferredSize()
+{
+    return boxPreferredSize(this, Qt::Vertical);
+}
+
+bool VBoxLayout::performLayout(const QRect &clientArea)
+{
+    const auto stretchOf = [this](Figure *child) {
+        const LayoutHelper *helper = getHelper(child);
+        return helper ? &helper->vStretch : nullptr;
+    };
+    return layOutBox(this, Qt::Vertical, clientArea, {getVTotalStretch(), stretchOf});
+}
+
+} // namespace Velmora::Figura
