@@ -115,10 +115,15 @@ private:
     friend class FreeformWidget; // calls updateScrollBars() after a zoom
 
     void updateScrollBars(int x, int y);
+    void placeWidget();
     QPoint scrollOffset() const;
+    QRect damagedPixels(const QRect &rect) const;
+    void refreshHighlight();
 
     QPointer<FreeformWidget> m_widget;
     QPointer<UpdateManager> m_updateManager;
+    QList<QPointer<UpdateManager>> m_pointingHere; // all managers that may know this viewer
+    QRect m_noBand;                                // handed out while there is no widget
     QPoint m_lastClickLocation;
     bool m_lastClickValid = false;
     QPointer<PageLayout> m_pageLayout;

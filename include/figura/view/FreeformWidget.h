@@ -113,16 +113,18 @@ private:
     void setTransformation(double originX, double originY, double scale);
     double clampedScale(double scale) const;
     double adjustSizeToScale(double scale, const QPoint *at);
-    double applyScale(double scale, const QPoint *zoomCentre, const QPoint *topLeft);
-    double fitScale();
-    void resizeTo(const QRect &contentBounds);
-    void moveOriginTo(const QPoint &origin);
+    double applyScale(double scale, const QPoint *fixedPoint, const QPoint *topLeft);
+    double fitToViewport(double request);
+    void resizeTo(const QRect &bounds);
 
     bool isReady() const;
     QRect contentExtent() const;
-    QRect contentBounds() const;
+    QRect viewRect();
+    QRect withMargins(const QRect &rect) const;
+    Layer *layerToPrint(const QString &layerName) const;
     QRect printArea(Layer *layer, const QRect &rect) const;
     void printContent(QPainter *painter, Figure *figure, const QRect &rect) const;
+    QRect optionRect(const QRect &widgetRect);
     void paintContent(QPainter *painter, const QRect &widgetRect);
     void paintElasticBand(QPainter *painter);
     void paintHighlight(QPainter *painter);

@@ -35,7 +35,9 @@ public:
 
 private:
     Layer *ownLayer(const QString &key) const;
-    bool mayAdd(const char *operation, Layer *layer, const QString &key) const;
+    void addBeside(const char *operation, Layer *layer, const QString &key, Layer *neighbour,
+                   int offset);
+    bool accepts(const char *operation, Layer *layer, const QString &key) const;
     bool insertBeside(const char *operation, Layer *layer, Layer *neighbour, int offset);
     void record(Layer *layer, const QString &key);
 

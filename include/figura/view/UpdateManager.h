@@ -43,6 +43,9 @@ Q_SIGNALS:
     void aboutToValidate(IFigureViewer *pFigureViewer); ///< Only when something is queued.
 
 private:
+    bool hasViewer(const char *operation) const;
+    void dropDestroyedFigures();
+
     QList<QPointer<Figure>> m_invalidFigures;
     IFigureViewer *m_viewer = nullptr;
 };

@@ -1,0 +1,124 @@
+#include <figura/view/FreeformWidget.h>
+
+#include <figura/layout/PageLayout.h>
+#include <figura/view/FreeformLayer.h>
+#include <figura/view/FreeformLayeredPane.h>
+#include <figura/view/FreeformViewer.h>
+#include <figura/view/UpdateManager.h>
+
+#include <QPainter>
+#include <QPixmap>
+#include <QPrinter>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace Velmora::Figura {
+namespace {
+
+QRectF pageRect(PageLayout *pageLayout, QPainter *painter)
+{
+    if (pageLayout)
+        return pageLayout->getContentRect(painter);
+    return QRectF(0, 0, painter->device()->width(), painter->device()->height());
+}
+
+// Puts the area's top left on the page's, scaled by factor.
+QTransform pageTransform(const QRect &area, const QRectF &page, double factor)
+{
+    QTransform toLogical(1.0 / factor, 0.0, 0.0, 1.0 / factor, area.x(), area.y());
+    toLogical.translate(-page.x(), -page.y());
+    return toLogical.inverted();
+}
+
+bool hasFailed(const QPrinter *printer)
+{
+    const QPrinter::PrinterState state = printer->printerState();
+    return state == QPrinter::Aborted || state == QPrinter::Error;
+}
+
+} // namespace
+
+void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QRect &rect) const
+{
+    if (!printer)
+        return;
+    QPainter painter(printer);
+    if (!painter.isActive())
+        return;
+    Layer *layer = layerToPrint(layerName);
+    const QRect area = printArea(layer, rect);
+    if (!area.isValid())
+        return;
+
+    const QPointer<PageLayout> pageLayout(m_viewer ? m_viewer->getPageLayout() : nullptr);
+    const QRectF page = pageRect(pageLayout, &painter);
+    const double factor = std::min(page.width() / area.width(), page.height() / area.height());
+    if (factor <= 0.0 || hasFailed(printer))
+        return;
+
+    painter.save();
+    painter.setTransform(pageTransform(area, page, factor));
+    printContent(&painter, layer, area);
+    painter.restore();
+    if (pageLayout)
+        pageLayout->decoratePage(&painter, QVariant());
+}
+
+QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rect)
+{
+    Layer *layer = layerToPrint(layerName);
+    const QRect area = printArea(layer, rect);
+    if (!area.isValid())
+        return {};
+
+    QPixmap pixmap(area.size());
+    if (pixmap.isNull()) // too large
+        return {};
+    pixmap.fill(palette().color(QPalette::Base));
+    QPainter painter(&pixmap);
+    painter.translate(-area.topLeft());
+    printContent(&painter, layer, area);
+    return pixmap;
+}
+
+// Validates the content first; null when there is nothing to print.
+Layer *FreeformWidget::layerToPrint(const QString &layerName) const
+{
+    if (!isReady())
+        return nullptr;
+    m_updateManager->performUpdate();
+    return m_content ? m_content->getLayer(layerName) : nullptr;
+}
+
+// The layer's own children do not count, only freeform layers in it. For an ordinary layer the
+// caller has to name the rectangle.
+QRect FreeformWidget::printArea(Layer *layer, const QRect &rect) const
+{
+    if (!layer)
+        return {};
+    QRect area = rect;
+    if (!rect.isValid()) {
+        area = QRect();
+        const QList<Figure *> children = layer->childFigures();
+        for (Figure *child : children) {
+            if (auto *freeformLayer = qobject_cast<FreeformLayer *>(child))
+                area |= freeformLayer->getFreeformExtent();
+        }
+    }
+    return area.isValid() ? withMargins(area) : QRect();
+}
+
+void FreeformWidget::printContent(QPainter *painter, Figure *figure, const QRect &rect) const
+{
+    if (!painter || !figure)
+        return;
+    painter->save();
+    // The options are not const in the interface, though making them changes nothing.
+    QStyleOptionViewItem option = const_cast<FreeformWidget *>(this)->viewOptions();
+    option.rect = rect;
+    figure->render(painter, option);
+    painter->restore();
+}
+
+} // namespace Velmora::Figura

@@ -1,0 +1,7 @@
+#include <figura/view/IUpdateManager.h>
+
+namespace Velmora::Figura {
+
+IUpdateManager::~IUpdateManager() = default;
+
+} // namespace Velmora::Figura

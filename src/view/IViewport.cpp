@@ -1,0 +1,7 @@
+#include <figura/view/IViewport.h>
+
+namespace Velmora::Figura {
+
+IViewport::~IViewport() = default;
+
+} // namespace Velmora::Figura
