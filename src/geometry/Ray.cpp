@@ -35,9 +35,7 @@ Ray::Ray(const Ray &from, const Ray &to, QObject *parent)
 }
 
 Ray::Ray(const Ray &other)
-    : QObject()
-    , m_x(other.m_x)
-    , m_y(other.m_y)
+    : Ray(other.m_x, other.m_y) // the owner is not copied
 {
 }
 
@@ -72,17 +70,17 @@ int Ray::assimilarity(const Ray &r) const
 
 Ray Ray::getAdded(const Ray &r) const
 {
-    return Ray(m_x + r.m_x, m_y + r.m_y);
+    return {m_x + r.m_x, m_y + r.m_y};
 }
 
 Ray Ray::getAveraged(const Ray &r) const
 {
-    return Ray((m_x + r.m_x) / 2, (m_y + r.m_y) / 2);
+    return {(m_x + r.m_x) / 2, (m_y + r.m_y) / 2};
 }
 
 Ray Ray::getScaled(int s) const
 {
-    return Ray(s * m_x, s * m_y);
+    return {s * m_x, s * m_y};
 }
 
 bool Ray::isHorizontal() const
