@@ -136,7 +136,7 @@ void TextFigure::drawFigure(QPainter *painter, const QStyleOptionViewItem &optio
     painter->setPen(QPen(m_textColor));
     painter->setFont(m_font);
     const QRect rect = option.rect.adjusted(m_indent, 0, 0, 0);
-    painter->drawText(rect, m_alignment.toInt(), m_text);
+    painter->drawText(rect, static_cast<int>(m_alignment.toInt()), m_text);
     painter->restore();
 }
 
