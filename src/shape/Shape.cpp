@@ -3,6 +3,8 @@
 #include <figura/connection/Polyline.h>
 #include <figura/connection/PolylineF.h>
 
+#include "figure/childwalk_p.h"
+
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
@@ -296,9 +298,7 @@ void rebuildPaths(Figure *root)
         return;
     if (auto *shape = qobject_cast<Shape *>(root))
         shape->rebuildPath();
-    const QList<Figure *> children = root->childFigures();
-    for (Figure *child : children)
-        rebuildPaths(child);
+    walkChildren(root, rebuildPaths);
 }
 
 } // namespace Velmora::Figura
