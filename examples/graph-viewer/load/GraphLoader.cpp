@@ -1,0 +1,176 @@
+#include "GraphLoader.h"
+
+#include "EngineMessages.h"
+#include "GraphFile.h"
+#include "GraphReader.h"
+
+#include <gvc.h>
+
+#include <QFileInfo>
+
+#include <clocale>
+#include <memory>
+
+namespace GraphViewer {
+namespace {
+
+struct CloseGraph
+{
+    void operator()(Agraph_t *graph) const { agclose(graph); }
+};
+struct FreeContext
+{
+    void operator()(GVC_t *context) const { gvFreeContext(context); }
+};
+using GraphPointer = std::unique_ptr<Agraph_t, CloseGraph>;
+using ContextPointer = std::unique_ptr<GVC_t, FreeContext>;
+
+// A layout must go before its graph does.
+class Layout
+{
+public:
+    Layout(GVC_t *context, Agraph_t *graph, const QByteArray &engine)
+        : m_context(context)
+        , m_graph(graph)
+        , m_done(gvLayout(context, graph, engine.constData()) == 0)
+    {
+    }
+    ~Layout() { gvFreeLayout(m_context, m_graph); }
+    Q_DISABLE_COPY_MOVE(Layout)
+
+    // With no output file the engine only attaches its drawing operations to the graph.
+    bool attachDrawing() const
+    {
+        return m_done && gvRender(m_context, m_graph, "xdot", nullptr) == 0;
+    }
+
+private:
+    GVC_t *m_context;
+    Agraph_t *m_graph;
+    bool m_done;
+};
+
+// The engine reads and writes numbers with whatever decimal point the process has.
+class DecimalPoint
+{
+public:
+    DecimalPoint()
+        : m_previous(setlocale(LC_NUMERIC, nullptr))
+    {
+        setlocale(LC_NUMERIC, "C");
+    }
+    ~DecimalPoint() { setlocale(LC_NUMERIC, m_previous.constData()); }
+    Q_DISABLE_COPY_MOVE(DecimalPoint)
+
+private:
+    QByteArray m_previous;
+};
+
+QByteArray attribute(Agraph_t *graph, const char *name)
+{
+    return QByteArray(agget(graph, const_cast<char *>(name)));
+}
+
+void setAttribute(Agraph_t *graph, const char *name, QByteArray value)
+{
+    agsafeset(graph, const_cast<char *>(name), value.data(), const_cast<char *>(""));
+}
+
+// A "layout" in the graph would win over the engine that we name, so a wish of the user's has to
+// replace it.
+QByteArray settleEngine(Agraph_t *graph, const QString &wish)
+{
+    if (!wish.isEmpty())
+        setAttribute(graph, "layout", wish.toLatin1());
+    const QByteArray asked = attribute(graph, "layout");
+    return asked.isEmpty() ? QByteArrayLiteral("dot") : asked;
+}
+
+// Images are named relative to the graph file, wherever we are started.
+void settleImagePath(Agraph_t *graph, const QString &folder)
+{
+    if (attribute(graph, "imagepath").isEmpty())
+        setAttribute(graph, "imagepath", folder.toUtf8());
+}
+
+QString orElse(const QString &text, const QString &otherwise)
+{
+    return text.isEmpty() ? otherwise : text;
+}
+
+QString whyTooMany(Agraph_t *graph, const GraphLoader::Limits &limits)
+{
+    if (agnnodes(graph) > limits.nodes) {
+        return QStringLiteral("the graph is too large: %1 nodes (the limit is %2)")
+            .arg(agnnodes(graph))
+            .arg(limits.nodes);
+    }
+    if (agnedges(graph) > limits.edges) {
+        return QStringLiteral("the graph is too large: %1 edges (the limit is %2)")
+            .arg(agnedges(graph))
+            .arg(limits.edges);
+    }
+    return {};
+}
+
+} // namespace
+
+GraphLoader::GraphLoader(const QString &engine)
+    : m_engine(engine)
+{
+}
+
+GraphLoader::Limits GraphLoader::defaultLimits()
+{
+    return {GraphFile::MaximumSize, 20'000, 50'000};
+}
+
+QStringList GraphLoader::engines()
+{
+    return {QStringLiteral("dot"), QStringLiteral("neato"), QStringLiteral("fdp"),
+            QStringLiteral("circo"), QStringLiteral("twopi")};
+}
+
+LoadReply GraphLoader::load(const QString &path) const
+{
+    const FileText file = GraphFile::read(path, m_limits.bytes);
+    LoadReply reply = file.error.isEmpty() ? layOut(file.text, QFileInfo(path).absolutePath())
+                                           : LoadReply::failure(file.error);
+    if (!reply.ok())
+        reply.error.prepend(path + QStringLiteral(": "));
+    return reply;
+}
+
+LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) const
+{
+    const DecimalPoint decimalPoint;
+    const EngineMessages messages;
+    const ContextPointer context(gvContext());
+    agreadline(1); // an earlier text has left its own line number
+    const GraphPointer graph(agmemread(text.constData()));
+    if (!graph) {
+        return LoadReply::failure(
+            orElse(messages.firstError(), QStringLiteral("the file holds no complete graph")));
+    }
+
+    const QString tooMany = whyTooMany(graph.get(), m_limits);
+    if (!tooMany.isEmpty())
+        return LoadReply::failure(tooMany);
+
+    const QByteArray engine = settleEngine(graph.get(), m_engine);
+    settleImagePath(graph.get(), folder);
+    const Layout layout(context.get(), graph.get(), engine);
+    if (!layout.attachDrawing()) {
+        return LoadReply::failure(
+            orElse(messages.firstError(), QStringLiteral("the layout engine refused the graph")));
+    }
+
+    LoadReply reply;
+    reply.graph = GraphReader(graph.get()).read();
+    reply.graph.engine = QString::fromUtf8(engine);
+    reply.graph.folder = folder;
+    reply.graph.remarks = messages.lines();
+    return reply;
+}
+
+} // namespace GraphViewer

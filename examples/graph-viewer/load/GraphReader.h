@@ -1,0 +1,43 @@
+#pragma once
+
+#include "GraphModel.h"
+#include "XdotParser.h"
+
+#include <QHash>
+
+struct Agedge_s;
+struct Agnode_s;
+struct Agraph_s;
+
+namespace GraphViewer {
+
+/// Takes a graph that is laid out, with its drawing operations attached, over into our structures.
+class GraphReader
+{
+public:
+    explicit GraphReader(Agraph_s *graph);
+
+    GraphModel read();
+
+private:
+    void readNodes();
+    void readEdges();
+    void readClusters(Agraph_s *graph);
+    GraphBox readNode(Agnode_s *node);
+    GraphEdge readEdge(Agedge_s *edge);
+    void readEnds(Agedge_s *edge, GraphEdge *result) const;
+    void readBackground();
+
+    QRectF toScene(double left, double bottom, double right, double top) const;
+    Drawing drawing(void *element, std::initializer_list<const char *> attributes);
+    QString attribute(const char *name) const; ///< Of the graph.
+    QString text(const char *bytes) const;
+
+    Agraph_s *m_graph;
+    QTransform m_toScene;
+    XdotParser m_parser;
+    QHash<Agnode_s *, int> m_nodeIndices;
+    GraphModel m_model;
+};
+
+} // namespace GraphViewer

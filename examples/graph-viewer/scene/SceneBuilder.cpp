@@ -1,0 +1,167 @@
+#include "SceneBuilder.h"
+
+#include "EdgeFigure.h"
+#include "EdgeLine.h"
+#include "PictureFigure.h"
+#include "TextLine.h"
+
+#include <QDir>
+
+using Velmora::Figura::rebuildPaths;
+
+namespace GraphViewer {
+namespace {
+
+QString textOf(const Drawing &drawing)
+{
+    QStringList words;
+    for (const TextSpan &span : drawing.texts)
+        words << span.text;
+    return words.join(QLatin1Char(' ')).simplified();
+}
+
+QString titleOf(const QString &name, const Drawing &label)
+{
+    const QString text = textOf(label);
+    return text.isEmpty() || text == name ? name : name + QStringLiteral(": ") + text;
+}
+
+QRectF areaOf(const Drawing &drawing)
+{
+    QRectF area;
+    for (const Stroke &stroke : drawing.strokes)
+        area |= stroke.path.boundingRect().adjusted(-0.5, -0.5, 0.5, 0.5);
+    for (const TextSpan &span : drawing.texts) {
+        const double height = span.style.size;
+        area |= QRectF(span.left.x(), span.left.y() - height, qMax(span.width, 1.0), height * 1.25);
+    }
+    for (const Picture &picture : drawing.pictures)
+        area |= picture.box;
+    return area;
+}
+
+QRect wholeUnits(const QRectF &area)
+{
+    const QRect rect = area.toAlignedRect();
+    return {rect.topLeft(), rect.size().expandedTo(QSize(1, 1))};
+}
+
+// A node without an outline (plain text, HTML) is hit within its box.
+Stroke outlineOf(const GraphBox &box)
+{
+    if (!box.body.strokes.isEmpty())
+        return box.body.strokes.first();
+    Stroke stroke{{}, QPen(Qt::NoPen), QBrush(Qt::NoBrush)};
+    stroke.path.addRect(box.box);
+    return stroke;
+}
+
+} // namespace
+
+SceneBuilder::SceneBuilder(const GraphModel &graph)
+    : m_graph(graph)
+{
+}
+
+std::unique_ptr<GraphScene> SceneBuilder::build()
+{
+    m_scene = std::make_unique<GraphScene>(m_graph.edgesFirst);
+    addBackground();
+    for (const GraphBox &cluster : m_graph.clusters)
+        addBox(cluster, ElementFigure::Kind::Cluster);
+    for (const GraphEdge &edge : m_graph.edges) {
+        addEdge(edge);
+        addEdgeLabel(edge);
+    }
+    for (const GraphBox &node : m_graph.nodes)
+        addBox(node, ElementFigure::Kind::Node);
+    // The tree is not shown yet, so no shape has had its path made by a change of bounds.
+    rebuildPaths(m_scene->content());
+    return std::move(m_scene);
+}
+
+// It covers the whole graph, so that an empty graph has an extent too.
+void SceneBuilder::addBackground()
+{
+    ElementFigure *paper = addElement(ElementFigure::Kind::Background, {}, {},
+                                      m_graph.box.united(areaOf(m_graph.label)));
+    addParts(paper, m_graph.background);
+    addParts(paper, m_graph.label);
+}
+
+void SceneBuilder::addBox(const GraphBox &box, ElementFigure::Kind kind)
+{
+    const bool drawn = !box.body.isEmpty() || !box.label.isEmpty();
+    ElementFigure *element =
+        addElement(kind, drawn ? titleOf(box.name, box.label) : QString(), outlineOf(box), box.box);
+    addParts(element, box.body, 1);
+    addParts(element, box.label);
+}
+
+void SceneBuilder::addEdge(const GraphEdge &edge)
+{
+    const QRectF area = areaOf(edge.line) | areaOf(edge.arrows);
+    if (area.isEmpty())
+        return;
+
+    const QString title = titleOf(edge.name, edge.label);
+    ElementFigure *element =
+        m_scene->add(std::make_unique<EdgeFigure>(title, wholeUnits(area), nullptr));
+    addLines(element, edge.line);
+    addParts(element, edge.arrows);
+}
+
+void SceneBuilder::addEdgeLabel(const GraphEdge &edge)
+{
+    if (edge.label.isEmpty())
+        return;
+    ElementFigure *element = addElement(ElementFigure::Kind::Label, titleOf(edge.name, edge.label),
+                                        {}, areaOf(edge.label));
+    addParts(element, edge.label);
+}
+
+ElementFigure *SceneBuilder::addElement(ElementFigure::Kind kind, const QString &title,
+                                        const Stroke &outline, const QRectF &box)
+{
+    return m_scene->add(
+        std::make_unique<ElementFigure>(kind, title, outline, wholeUnits(box), nullptr));
+}
+
+void SceneBuilder::addParts(ElementFigure *element, const Drawing &drawing, int firstStroke)
+{
+    const QPoint origin = element->home().topLeft();
+    for (const Stroke &stroke : drawing.strokes.mid(firstStroke)) {
+        auto *part = new OutlineFigure(stroke, origin, element);
+        element->addPart(part, part->box());
+    }
+    for (const Picture &picture : drawing.pictures) {
+        const QString file = QDir(m_graph.folder).filePath(picture.file);
+        element->addPart(new PictureFigure(file, element),
+                         picture.box.translated(-origin).toRect());
+    }
+    for (const TextSpan &span : drawing.texts) {
+        auto *part = new TextLine(span, origin, element);
+        element->addPart(part, part->box());
+    }
+}
+
+// Curves become lines; what is filled (a tapered edge) stays an outline.
+void SceneBuilder::addLines(ElementFigure *element, const Drawing &drawing)
+{
+    const QPoint origin = element->home().topLeft();
+    Drawing outlines;
+    for (const Stroke &stroke : drawing.strokes) {
+        if (stroke.brush.style() != Qt::NoBrush) {
+            outlines.strokes << stroke;
+            continue;
+        }
+        const QList<QPolygonF> lines = EdgeLine::flatten(stroke.path.translated(-origin));
+        for (const QPolygonF &line : lines) {
+            auto *part = new EdgeLine(line, stroke.pen, element);
+            element->addPart(part, part->getBounds());
+        }
+    }
+    addParts(element, outlines);
+}
+
+} // namespace GraphViewer
