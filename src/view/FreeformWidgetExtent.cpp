@@ -86,10 +86,11 @@ double FreeformWidget::clampedScale(double scale) const
 // what adjustSizeToScale() makes of it.
 double FreeformWidget::fitToViewport(double request)
 {
-    if (!contentExtent().isValid())
+    const QRect content = contentExtent();
+    if (!content.isValid())
         return request;
 
-    const QRect extent = withMargins(contentExtent());
+    const QRect extent = withMargins(content);
     const QSize visible = m_viewer ? m_viewer->viewport()->size() : size();
     const double scale = std::min(double(visible.width()) / extent.width(),
                                   double(visible.height()) / extent.height());
@@ -114,11 +115,12 @@ double FreeformWidget::adjustSizeToScale(double scale, const QPoint *at)
 // Without a fixed point the view keeps its own centre.
 double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const QPoint *topLeft)
 {
-    if (!contentExtent().isValid())
+    QRect extent = contentExtent();
+    if (!extent.isValid())
         return m_scale;
 
     m_resizing = true;
-    QRect extent = withMargins(contentExtent());
+    extent = withMargins(extent);
     QRect view = viewRect();
     if (scale != m_scale)
         view = scaledAbout(fixedPoint ? *fixedPoint : view.center(), m_scale / scale, view);

@@ -45,14 +45,15 @@ void FreeformWidget::paintEvent(QPaintEvent *event)
 }
 
 // The damage in logical units. At scale 1 that is exact. At any other scale the units that are
-// damaged only in part belong to it, and so does the half of a one-unit pen by which a figure just
-// outside may reach in; rounding to the nearest would leave pixels of these figures unpainted.
+// damaged only in part belong to it, and so do figures just outside that reach in with half of a
+// one-unit pen, or with the whole pixel that even the thinnest line takes: rounding to the nearest
+// would leave these pixels unpainted.
 QRect FreeformWidget::optionRect(const QRect &widgetRect)
 {
-    const QRectF logical = toLogical(QRectF(widgetRect));
     if (m_scale == 1.0)
-        return logical.toRect();
-    return logical.toAlignedRect().adjusted(-1, -1, 1, 1);
+        return toLogical(QRectF(widgetRect)).toRect();
+    const QRectF reached = toLogical(QRectF(widgetRect.adjusted(-1, -1, 1, 1)));
+    return reached.toAlignedRect().adjusted(-1, -1, 1, 1);
 }
 
 void FreeformWidget::paintContent(QPainter *painter, const QRect &widgetRect)
