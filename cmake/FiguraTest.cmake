@@ -3,7 +3,14 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 option(FIGURA_SANITIZE "The flags turn sanitizers on: let the tests tell them what to do" OFF)
 mark_as_advanced(FIGURA_SANITIZE)
 
-set(FIGURA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8)
+# The same picture on every machine: no display, no local language, no folder of the user. Qt grumbles
+# about a runtime folder that others can read.
+set(FIGURA_RUNTIME_DIR ${CMAKE_CURRENT_BINARY_DIR}/runtime)
+file(MAKE_DIRECTORY ${FIGURA_RUNTIME_DIR})
+file(CHMOD ${FIGURA_RUNTIME_DIR} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+set(FIGURA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+                            XDG_RUNTIME_DIR=${FIGURA_RUNTIME_DIR}
+)
 if(FIGURA_SANITIZE)
     list(
         APPEND
@@ -37,7 +44,6 @@ function(figura_add_test name)
     figura_set_test_environment(${name})
 endfunction()
 
-# The same picture on every machine: no display, no local language, no settings of the user.
 function(figura_set_test_environment name)
     set_tests_properties(
         ${name} PROPERTIES ENVIRONMENT "${FIGURA_TEST_ENVIRONMENT}" TIMEOUT 300

@@ -9,6 +9,12 @@ doing="starting"
 # Fewer would waste cores; Ninja chooses the same for the build.
 export CTEST_PARALLEL_LEVEL=${CTEST_PARALLEL_LEVEL:-$(nproc 2>/dev/null || echo 2)}
 
+# Qt grumbles where no session has made one.
+if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+    export XDG_RUNTIME_DIR=$root/build/runtime
+    mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+fi
+
 step()
 {
     doing=$1

@@ -48,7 +48,7 @@ case "${1:-}" in
     usage
     exit 0
     ;;
-"" | -*) set -- "$root/examples/graph-viewer/samples/unix.gv" "$@" ;;
+"" | -*) set -- "$root/examples/graph-viewer/samples/modules.gv" "$@" ;;
 esac
 
 "$root/scripts/install-dependencies.sh" || exit 1

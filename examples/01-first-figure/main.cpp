@@ -14,18 +14,18 @@ int main(int argc, char **argv)
 
     auto *box = new RoundedRectangle(layer);
     box->setEnabledBGColor(QColor(0xd7, 0xe8, 0xfa));
-    box->setLayoutManager(new HBoxLayout(box));
+    box->setLayoutManager(new StackLayout(box));
     auto *text = new TextFigure(QStringLiteral("Hello, figure"), box, Qt::transparent);
     text->setAlignment(Qt::AlignCenter);
     box->add(text);
-    layer->add(box, QRect(0, 0, 160, 60));
+    layer->add(box, QRect(40, 40, 160, 60));
 
     auto *circle = new Ellipse(layer);
     circle->setEnabledBGColor(QColor(0xfb, 0xe3, 0xc0));
-    layer->add(circle, QRect(220, 100, 60, 60));
+    layer->add(circle, QRect(270, 160, 60, 60));
 
     auto *line = new PolylineF(layer);
-    line->setLinePoints({QPointF(160, 30), QPointF(250, 30), QPointF(250, 100)});
+    line->setLinePoints({QPointF(200, 70), QPointF(300, 70), QPointF(300, 160)});
     layer->add(line);
     rebuildPaths(&pane); // shapes that are built before they are shown have no outline yet
 
