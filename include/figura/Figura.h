@@ -2,8 +2,39 @@
 
 /// Everything of the library in one include.
 
+#include <figura/connection/AbsoluteBendpoint.h>
+#include <figura/connection/AbstractConnectionAnchor.h>
+#include <figura/connection/AbstractRouter.h>
+#include <figura/connection/Bendpoint.h>
+#include <figura/connection/BendpointConnectionRouter.h>
+#include <figura/connection/ChopboxAnchor.h>
+#include <figura/connection/ConnectionAnchorBase.h>
+#include <figura/connection/ConnectionLayer.h>
+#include <figura/connection/EllipseAnchor.h>
+#include <figura/connection/IAnchorListener.h>
+#include <figura/connection/IBendpoint.h>
+#include <figura/connection/IConnection.h>
+#include <figura/connection/IConnectionAnchor.h>
+#include <figura/connection/IConnectionRouter.h>
+#include <figura/connection/ManhattanConnectionRouter.h>
+#include <figura/connection/NullRouter.h>
 #include <figura/connection/Polyline.h>
+#include <figura/connection/PolylineConnection.h>
 #include <figura/connection/PolylineF.h>
+#include <figura/connection/PolylineFConnection.h>
+#include <figura/connection/RelativeBendpoint.h>
+#include <figura/connection/XYAnchor.h>
+#include <figura/decoration/ArrowLocator.h>
+#include <figura/decoration/BendpointLocator.h>
+#include <figura/decoration/ConnectionEndpointLocator.h>
+#include <figura/decoration/ConnectionLocator.h>
+#include <figura/decoration/Decoration.h>
+#include <figura/decoration/IRotatableDecoration.h>
+#include <figura/decoration/Locator.h>
+#include <figura/decoration/MidpointLocator.h>
+#include <figura/decoration/PolygonDecoration.h>
+#include <figura/decoration/PolylineDecoration.h>
+#include <figura/decoration/RelativeLocator.h>
 #include <figura/export.h>
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/Border.h>
@@ -12,6 +43,7 @@
 #include <figura/figure/FocusBorder.h>
 #include <figura/figure/IAncestorListener.h>
 #include <figura/figure/IFigure.h>
+#include <figura/figure/InterfacePointer.h>
 #include <figura/figure/IPropertyChangeListener.h>
 #include <figura/figure/ITreeSearch.h>
 #include <figura/figure/ScaledBorder.h>

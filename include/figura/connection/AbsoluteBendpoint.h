@@ -1,0 +1,35 @@
+#pragma once
+
+#include <figura/connection/Bendpoint.h>
+#include <figura/export.h>
+
+#include <QMetaType>
+#include <QPoint>
+
+namespace Velmora::Figura {
+
+/// A fixed point. Travels by value in a QVariant; a copy has no parent.
+class FIGURA_EXPORT AbsoluteBendpoint : public Bendpoint
+{
+    Q_OBJECT
+
+public:
+    explicit AbsoluteBendpoint(QObject *parent = nullptr); ///< At (0, 0).
+    AbsoluteBendpoint(int x, int y, QObject *parent = nullptr);
+    explicit AbsoluteBendpoint(const QPoint &location, QObject *parent = nullptr);
+    AbsoluteBendpoint(const AbsoluteBendpoint &other);
+    ~AbsoluteBendpoint() override;
+
+    AbsoluteBendpoint &operator=(const AbsoluteBendpoint &other);
+
+    QPoint getLocation() override;
+    void setLocation(const QPoint &location) override;
+    bool isNull() const; ///< True when both coordinates are 0.
+
+private:
+    QPoint m_location;
+};
+
+} // namespace Velmora::Figura
+
+Q_DECLARE_METATYPE(Velmora::Figura::AbsoluteBendpoint)

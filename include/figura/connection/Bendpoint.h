@@ -1,0 +1,21 @@
+#pragma once
+
+#include <figura/connection/IBendpoint.h>
+#include <figura/export.h>
+
+#include <QObject>
+
+namespace Velmora::Figura {
+
+/// The base of the bendpoints.
+class FIGURA_EXPORT Bendpoint : public QObject, public IBendpoint
+{
+    Q_OBJECT
+    Q_INTERFACES(Velmora::Figura::IBendpoint)
+
+public:
+    explicit Bendpoint(QObject *parent = nullptr);
+    ~Bendpoint() override;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <figura/connection/IConnectionAnchor.h>
+#include <figura/export.h>
+
+#include <QObject>
+
+namespace Velmora::Figura {
+
+/// The listeners of an anchor: they are the receivers of its signal.
+class FIGURA_EXPORT ConnectionAnchorBase : public QObject, public IConnectionAnchor
+{
+    Q_OBJECT
+    Q_INTERFACES(Velmora::Figura::IConnectionAnchor)
+
+public:
+    explicit ConnectionAnchorBase(QObject *parent = nullptr);
+    ~ConnectionAnchorBase() override;
+
+    /// A listener that is not a QObject, or null, is refused with a warning. Added twice, it is
+    /// called twice.
+    void addAnchorListener(IAnchorListener *listener) override;
+    void removeAnchorListener(IAnchorListener *listener) override; ///< However often it was added.
+
+Q_SIGNALS:
+    void anchorMoved(IConnectionAnchor *anchor);
+};
+
+} // namespace Velmora::Figura

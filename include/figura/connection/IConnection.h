@@ -1,0 +1,41 @@
+#pragma once
+
+#include <figura/export.h>
+#include <figura/figure/IFigure.h>
+
+namespace Velmora::Figura {
+
+class IConnectionAnchor;
+class IConnectionRouter;
+
+/// A line figure between two anchors, as routers, locators and bendpoints see it. The order of the
+/// operations is part of the binary interface; PolylineConnection documents them.
+class FIGURA_EXPORT IConnection : public virtual IFigure
+{
+public:
+    static const QString PROPERTY_CONNECTION_ROUTER; ///< "connectionRouter"
+    static const QString PROPERTY_POINTS;  ///< "points": for applications, never announced here.
+    static const QString PROPERTY_POINTSF; ///< "pointsf": for applications, never announced here.
+
+    ~IConnection(); // takes no slot of its own: the virtual one is that of IFigure
+
+    virtual IConnectionRouter *getConnectionRouter() const = 0;
+    virtual QList<QPoint> getPoints() = 0;
+    virtual QPoint getPoint(int index) = 0;
+    virtual int getPointCount() const = 0;
+    virtual QList<QPointF> getPointsF() = 0;
+    virtual QPointF getPointF(int index) = 0;
+    virtual QVariant getRoutingConstraint() = 0;
+    virtual IConnectionAnchor *getSourceAnchor() const = 0;
+    virtual IConnectionAnchor *getTargetAnchor() const = 0;
+    virtual void setConnectionRouter(IConnectionRouter *router) = 0;
+    virtual void setPoints(const QList<QPoint> &points) = 0;
+    virtual void setPointsF(const QList<QPointF> &points) = 0;
+    virtual void setRoutingConstraint(const QVariant &constraint) = 0;
+    virtual void setSourceAnchor(IConnectionAnchor *anchor) = 0;
+    virtual void setTargetAnchor(IConnectionAnchor *anchor) = 0;
+};
+
+} // namespace Velmora::Figura
+
+Q_DECLARE_INTERFACE(Velmora::Figura::IConnection, "IConnection.Figura.Velmora.velmora.org")

@@ -1,0 +1,41 @@
+#include <figura/connection/ConnectionAnchorBase.h>
+
+#include <figura/connection/IAnchorListener.h>
+
+namespace Velmora::Figura {
+namespace {
+
+QObject *asObject(IAnchorListener *listener, const char *operation)
+{
+    auto *object = dynamic_cast<QObject *>(listener);
+    if (!object) {
+        QMessageLogger().warning("ConnectionAnchorBase::%s(): listener not a QObject", operation);
+    }
+    return object;
+}
+
+} // namespace
+
+ConnectionAnchorBase::ConnectionAnchorBase(QObject *parent)
+    : QObject(parent)
+{
+}
+
+ConnectionAnchorBase::~ConnectionAnchorBase() = default;
+
+// Connected by the text of the signatures, so that any QObject with the slot can listen.
+void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
+{
+    if (QObject *object = asObject(listener, "addAnchorListener"))
+        connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
+                SLOT(anchorMoved(IConnectionAnchor *)));
+}
+
+void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)
+{
+    if (QObject *object = asObject(listener, "removeAnchorListener"))
+        disconnect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
+                   SLOT(anchorMoved(IConnectionAnchor *)));
+}
+
+} // namespace Velmora::Figura

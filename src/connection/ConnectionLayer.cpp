@@ -1,0 +1,72 @@
+#include <figura/connection/ConnectionLayer.h>
+
+#include <figura/connection/IConnection.h>
+#include <figura/connection/IConnectionRouter.h>
+
+#include <QPainter>
+
+namespace Velmora::Figura {
+
+ConnectionLayer::ConnectionLayer(QObject *parent, bool contentMonitored)
+    : FreeformLayer(parent, contentMonitored)
+{
+}
+
+ConnectionLayer::~ConnectionLayer() = default;
+
+bool ConnectionLayer::add(Figure *child, const QVariant &constraint, int index)
+{
+    const bool added = FreeformLayer::add(child, constraint, index);
+    handRouterTo(child);
+    return added;
+}
+
+bool ConnectionLayer::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
+{
+    const bool added = FreeformLayer::add(child, vStretch, hStretch, index);
+    handRouterTo(child);
+    return added;
+}
+
+// Whatever became of the addition, on purpose.
+void ConnectionLayer::handRouterTo(Figure *child)
+{
+    IConnectionRouter *router = m_router.get();
+    auto *connection = qobject_cast<IConnection *>(child);
+    if (router && connection)
+        connection->setConnectionRouter(router);
+}
+
+bool ConnectionLayer::remove(Figure *child)
+{
+    if (auto *connection = qobject_cast<IConnection *>(child))
+        connection->setConnectionRouter(nullptr);
+    return FreeformLayer::remove(child);
+}
+
+void ConnectionLayer::render(QPainter *painter, const QStyleOptionViewItem &option)
+{
+    if (!painter)
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, m_antialias);
+    FreeformLayer::render(painter, option);
+    painter->restore();
+}
+
+void ConnectionLayer::setAntialias(bool on)
+{
+    m_antialias = on;
+}
+
+void ConnectionLayer::setConnectionRouter(IConnectionRouter *router)
+{
+    m_router = router;
+}
+
+IConnectionRouter *ConnectionLayer::getConnectionRouter() const
+{
+    return m_router.get();
+}
+
+} // namespace Velmora::Figura

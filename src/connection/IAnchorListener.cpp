@@ -1,0 +1,7 @@
+#include <figura/connection/IAnchorListener.h>
+
+namespace Velmora::Figura {
+
+IAnchorListener::~IAnchorListener() = default;
+
+} // namespace Velmora::Figura

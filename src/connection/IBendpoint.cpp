@@ -1,0 +1,7 @@
+#include <figura/connection/IBendpoint.h>
+
+namespace Velmora::Figura {
+
+IBendpoint::~IBendpoint() = default;
+
+} // namespace Velmora::Figura

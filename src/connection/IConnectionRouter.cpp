@@ -1,0 +1,7 @@
+#include <figura/connection/IConnectionRouter.h>
+
+namespace Velmora::Figura {
+
+IConnectionRouter::~IConnectionRouter() = default;
+
+} // namespace Velmora::Figura

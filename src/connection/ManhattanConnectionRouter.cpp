@@ -1,0 +1,352 @@
+#include <figura/connection/ManhattanConnectionRouter.h>
+
+#include "points_p.h"
+
+#include <figura/connection/IConnection.h>
+#include <figura/connection/IConnectionAnchor.h>
+#include <figura/figure/Figure.h>
+
+#include <functional>
+#include <optional>
+
+namespace Velmora::Figura {
+namespace {
+
+constexpr int stubLength = 10;
+
+// The coordinate along \a direction of the end of a stub; negative ones lose their sign, on
+// purpose.
+int stubEnd(const Ray &point, const Ray &direction)
+{
+    return direction.similarity(point.getAdded(direction.getScaled(stubLength)));
+}
+
+int along(const Ray &point, bool horizontal)
+{
+    return horizontal ? point.y() : point.x();
+}
+
+QRect boxAt(IConnectionAnchor *anchor, const QPoint &point)
+{
+    Figure *owner = anchor ? anchor->getOwner() : nullptr;
+    if (!owner)
+        return QRect(point.x() - 1, point.y() - 1, 2, 2);
+    QRect box = owner->getBounds();
+    return owner->translateToAbsolute(box);
+}
+
+/// A route as one coordinate for each segment: the y of a horizontal one, the x of a vertical one.
+class Positions
+{
+public:
+    Positions(const Ray &start, const Ray &end, const Ray &startDirection, const Ray &endDirection)
+        : m_start(start)
+        , m_end(end)
+        , m_startDirection(startDirection)
+        , m_endDirection(endDirection)
+        , m_average(start.getAveraged(end))
+        , m_distance(start, end)
+        , m_horizontal(startDirection.isHorizontal())
+    {
+    }
+
+    QList<int> compute()
+    {
+        m_list.append(along(m_start, m_horizontal));
+        m_horizontal = !m_horizontal;
+        const int turn = m_startDirection.dotProduct(m_endDirection);
+        if (turn == 0)
+            turnOnce();
+        else if (turn < 0)
+            meetHeadOn();
+        else
+            turnBack();
+        m_list.append(along(m_end, m_horizontal));
+        return m_list;
+    }
+
+private:
+    bool startsAway() const { return m_startDirection.dotProduct(m_distance) < 0; }
+    bool endsAway() const { return m_endDirection.dotProduct(m_distance) > 0; }
+    int startStub() const { return stubEnd(m_start, m_startDirection); }
+    int endStub() const { return stubEnd(m_end, m_endDirection); }
+
+    void turnOnce()
+    {
+        if (!startsAway() && !endsAway())
+            return;
+        m_list.append(startsAway() ? startStub() : along(m_average, m_horizontal));
+        m_list.append(endsAway() ? endStub() : along(m_average, !m_horizontal));
+    }
+
+    void meetHeadOn()
+    {
+        const bool detour = startsAway();
+        if (detour) {
+            m_list.append(startStub());
+            m_horizontal = !m_horizontal;
+        }
+        m_list.append(along(m_average, m_horizontal));
+        if (detour)
+            m_list.append(endStub());
+        else
+            m_horizontal = !m_horizontal;
+    }
+
+    // With the target ahead the stub is that of the start, on purpose.
+    void turnBack()
+    {
+        m_list.append(startsAway() ? endStub() : startStub());
+        m_horizontal = m_startDirection.isHorizontal();
+    }
+
+    const Ray &m_start;
+    const Ray &m_end;
+    const Ray &m_startDirection;
+    const Ray &m_endDirection;
+    const Ray m_average;
+    const Ray m_distance;
+    bool m_horizontal;
+    QList<int> m_list;
+};
+
+struct Bounds
+{
+    int lower;
+    int upper;
+};
+
+// How far from \a wanted a line may be looked for, given its neighbours on either side.
+Bounds searchBounds(int wanted, int before, int after)
+{
+    const int low = qMin(before, after);
+    const int high = qMax(before, after);
+    const int nearest = low > wanted ? low : high;
+    const int mirrored = 2 * wanted - nearest;
+    if (nearest < wanted)
+        return {nearest, mirrored};
+    return {low <= wanted ? low : 2 * wanted - low, nearest};
+}
+
+// The first usable even line around \a wanted: that itself, then alternately above and below.
+// A line that only ends the search is not reserved.
+int lineNear(int wanted, const Bounds &bounds, const std::function<bool(int)> &usable,
+             const std::function<void(int)> &reserve)
+{
+    const int first = wanted % 2 == 1 ? wanted - 1 : wanted; // a negative odd one stays, on purpose
+    if (first < 1)
+        return first;
+
+    const auto attempt = [&](int line) -> std::optional<int> {
+        if (usable(line)) {
+            reserve(line);
+            return line;
+        }
+        if (line <= bounds.lower)
+            return line + 2;
+        if (line >= bounds.upper)
+            return line - 2;
+        return std::nullopt;
+    };
+    std::optional<int> found = attempt(first);
+    for (int offset = 2; !found && offset < first; offset += 2) {
+        found = attempt(first + offset);
+        if (!found)
+            found = attempt(first - offset);
+    }
+    return found.value_or(first);
+}
+
+} // namespace
+
+const Ray ManhattanConnectionRouter::UP(0, -1);
+const Ray ManhattanConnectionRouter::DOWN(0, 1);
+const Ray ManhattanConnectionRouter::LEFT(-1, 0);
+const Ray ManhattanConnectionRouter::RIGHT(1, 0);
+
+ManhattanConnectionRouter::ManhattanConnectionRouter(QObject *parent)
+    : AbstractRouter(parent)
+{
+}
+
+ManhattanConnectionRouter::~ManhattanConnectionRouter() = default;
+
+// Distances are compared in a fixed order, so that ties go to the top over the left and to the
+// bottom over the top, while the right side wins only when it is strictly nearer.
+Ray ManhattanConnectionRouter::getDirection(const QRect &box, const QPoint &point, bool reversed)
+{
+    int distance = qAbs(box.left() - point.x());
+    Ray direction = reversed ? RIGHT : LEFT;
+    if (const int top = qAbs(box.top() - point.y()); top <= distance) {
+        distance = top;
+        direction = reversed ? DOWN : UP;
+    }
+    if (const int bottom = qAbs(box.bottom() - point.y()); bottom <= distance) {
+        distance = bottom;
+        direction = reversed ? UP : DOWN;
+    }
+    if (qAbs(box.right() - point.x()) < distance)
+        direction = reversed ? LEFT : RIGHT;
+    return direction;
+}
+
+Ray ManhattanConnectionRouter::getEndDirection(IConnection *connection)
+{
+    const QPoint point = getEndPoint(connection);
+    return getDirection(boxAt(connection ? connection->getTargetAnchor() : nullptr, point), point,
+                        false);
+}
+
+Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
+{
+    const QPoint point = getStartPoint(connection);
+    return getDirection(boxAt(connection ? connection->getSourceAnchor() : nullptr, point), point,
+                        false);
+}
+
+bool ManhattanConnectionRouter::rowUsable(IConnection * /*connection*/, int row) const
+{
+    return !m_usedRows.contains(row);
+}
+
+bool ManhattanConnectionRouter::colUsable(IConnection * /*connection*/, int column) const
+{
+    return !m_usedColumns.contains(column);
+}
+
+void ManhattanConnectionRouter::invalidate(IConnection *connection)
+{
+    removeReservedLines(connection);
+}
+
+void ManhattanConnectionRouter::remove(IConnection *connection)
+{
+    removeReservedLines(connection);
+}
+
+QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
+{
+    if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
+        return {};
+
+    QPoint start = getStartPoint(connection);
+    connection->translateToRelative(start);
+    QPoint end = getEndPoint(connection);
+    connection->translateToRelative(end);
+    const Ray startDirection = getStartDirection(connection);
+    const Ray endDirection = getEndDirection(connection);
+
+    const Ray from(start);
+    const Ray to(end);
+    const QList<int> positions = Positions(from, to, startDirection, endDirection).compute();
+    return processPositions(from, to, positions, startDirection.isHorizontal(), connection);
+}
+
+QList<QPointF> ManhattanConnectionRouter::doRouteF(IConnection *connection)
+{
+    return toFloating(doRoute(connection));
+}
+
+QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, const Ray &end,
+                                                          const QList<int> &positions,
+                                                          bool horizontal, IConnection *connection)
+{
+    removeReservedLines(connection);
+
+    const qsizetype count = positions.size();
+    const bool endsAtX = horizontal == (count % 2 == 1);
+    QList<int> lines = positions;
+    lines.prepend(horizontal ? start.x() : start.y());
+    lines.append(endsAtX ? end.x() : end.y());
+
+    // The first and the last segment are fixed by the end points; those between are moved to free
+    // lines, and what follows is reckoned from where they went.
+    QList<QPoint> points{QPoint(start.x(), start.y())};
+    for (qsizetype k = 2; k <= count; ++k) {
+        horizontal = !horizontal;
+        int &line = lines[k];
+        if (k < count) {
+            line = horizontal ? getRowNear(connection, line, lines.at(k - 2), lines.at(k + 2))
+                              : getColumnNear(connection, line, lines.at(k - 2), lines.at(k + 2));
+        }
+        const int previous = lines.at(k - 1);
+        points.append(horizontal ? QPoint(previous, line) : QPoint(line, previous));
+    }
+    const QPoint last(end.x(), end.y());
+    if (points.constLast() != last)
+        points.append(last);
+    return points;
+}
+
+int ManhattanConnectionRouter::getColumnNear(IConnection *connection, int wanted, int before,
+                                             int after)
+{
+    return lineNear(
+        wanted, searchBounds(wanted, before, after),
+        [&](int column) { return colUsable(connection, column); },
+        [&](int column) { reserveColumn(connection, column); });
+}
+
+int ManhattanConnectionRouter::getRowNear(IConnection *connection, int wanted, int before,
+                                          int after)
+{
+    return lineNear(
+        wanted, searchBounds(wanted, before, after),
+        [&](int row) { return rowUsable(connection, row); },
+        [&](int row) { reserveRow(connection, row); });
+}
+
+bool ManhattanConnectionRouter::isColumnReservedBy(IConnection *connection, int column) const
+{
+    return m_reservations.value(connection).columns.contains(column);
+}
+
+bool ManhattanConnectionRouter::isRowReservedBy(IConnection *connection, int row) const
+{
+    return m_reservations.value(connection).rows.contains(row);
+}
+
+void ManhattanConnectionRouter::reserveColumn(IConnection *connection, int column)
+{
+    if (!connection)
+        return;
+    QList<int> &columns = reservationOf(connection).columns;
+    if (!columns.contains(column))
+        columns.append(column);
+    m_usedColumns.insert(column);
+}
+
+void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)
+{
+    if (!connection)
+        return;
+    QList<int> &rows = reservationOf(connection).rows;
+    if (!rows.contains(row))
+        rows.append(row);
+    m_usedRows.insert(row);
+}
+
+// A destroyed connection gives its lines back.
+ManhattanConnectionRouter::Reservation &
+ManhattanConnectionRouter::reservationOf(IConnection *connection)
+{
+    Reservation &reservation = m_reservations[connection];
+    auto *object = dynamic_cast<QObject *>(connection);
+    if (object && !reservation.watch) {
+        reservation.watch = connect(object, &QObject::destroyed, this,
+                                    [this, connection]() { removeReservedLines(connection); });
+    }
+    return reservation;
+}
+
+void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
+{
+    const Reservation reservation = m_reservations.take(connection);
+    disconnect(reservation.watch);
+    for (const int column : reservation.columns)
+        m_usedColumns.remove(column);
+    for (const int row : reservation.rows)
+        m_usedRows.remove(row);
+}
+
+} // namespace Velmora::Figura

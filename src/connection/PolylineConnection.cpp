@@ -1,0 +1,164 @@
+#include <figura/connection/PolylineConnection.h>
+
+#include "connectioncore_p.h"
+#include "points_p.h"
+
+#include <figura/connection/IConnectionAnchor.h>
+#include <figura/connection/IConnectionRouter.h>
+#include <figura/decoration/IRotatableDecoration.h>
+#include <figura/layout/DelegatingLayout.h>
+
+namespace Velmora::Figura {
+
+PolylineConnection::PolylineConnection(QObject *parent)
+    : Polyline(parent)
+    , m_core(std::make_unique<ConnectionCore>(this, this, this, "PolylineConnection"))
+{
+    PolylineConnection::setLayoutManager(new DelegatingLayout(this));
+    addPoint(QPoint(0, 0));
+    addPoint(QPoint(100, 100));
+}
+
+PolylineConnection::~PolylineConnection()
+{
+    Polyline::erase(); // while the bounds still include the decorations
+}
+
+IRotatableDecoration *PolylineConnection::getSourceDecoration()
+{
+    return m_core->source.decoration.get();
+}
+
+IRotatableDecoration *PolylineConnection::getTargetDecoration()
+{
+    return m_core->target.decoration.get();
+}
+
+void PolylineConnection::setSourceDecoration(IRotatableDecoration *decoration)
+{
+    m_core->setDecoration(m_core->source, decoration);
+}
+
+void PolylineConnection::setTargetDecoration(IRotatableDecoration *decoration)
+{
+    m_core->setDecoration(m_core->target, decoration);
+}
+
+QList<QPoint> PolylineConnection::getPoints()
+{
+    return getLinePoints();
+}
+
+void PolylineConnection::setPoints(const QList<QPoint> &points)
+{
+    setLinePoints(points);
+}
+
+QList<QPointF> PolylineConnection::getPointsF()
+{
+    return toFloating(getLinePoints());
+}
+
+void PolylineConnection::setPointsF(const QList<QPointF> &points)
+{
+    setPoints(toInteger(points));
+}
+
+QPoint PolylineConnection::getPoint(int index)
+{
+    return Polyline::getPoint(index);
+}
+
+QPointF PolylineConnection::getPointF(int index)
+{
+    return Polyline::getPoint(index);
+}
+
+int PolylineConnection::getPointCount() const
+{
+    return Polyline::getPointCount();
+}
+
+IConnectionRouter *PolylineConnection::getConnectionRouter() const
+{
+    return m_core->router();
+}
+
+void PolylineConnection::setConnectionRouter(IConnectionRouter *router)
+{
+    m_core->setRouter(router);
+}
+
+QVariant PolylineConnection::getRoutingConstraint()
+{
+    return m_core->router()->getConstraint(this);
+}
+
+void PolylineConnection::setRoutingConstraint(const QVariant &constraint)
+{
+    m_core->router()->setConstraint(this, constraint);
+    revalidate();
+}
+
+IConnectionAnchor *PolylineConnection::getSourceAnchor() const
+{
+    return m_core->source.anchor.get();
+}
+
+IConnectionAnchor *PolylineConnection::getTargetAnchor() const
+{
+    return m_core->target.anchor.get();
+}
+
+void PolylineConnection::setSourceAnchor(IConnectionAnchor *anchor)
+{
+    m_core->setAnchor(m_core->source, anchor);
+}
+
+void PolylineConnection::setTargetAnchor(IConnectionAnchor *anchor)
+{
+    m_core->setAnchor(m_core->target, anchor);
+}
+
+void PolylineConnection::anchorMoved(IConnectionAnchor * /*pAnchor*/)
+{
+    revalidate();
+}
+
+QRect PolylineConnection::getBounds()
+{
+    return m_core->bounds();
+}
+
+void PolylineConnection::addNotify()
+{
+    Polyline::addNotify();
+    m_core->hook(m_core->source);
+    m_core->hook(m_core->target);
+}
+
+void PolylineConnection::removeNotify()
+{
+    m_core->unhook(m_core->source);
+    m_core->unhook(m_core->target);
+    m_core->router()->remove(this);
+    Polyline::removeNotify();
+}
+
+void PolylineConnection::layout()
+{
+    if (m_core->isConnected())
+        m_core->router()->route(this);
+    Polyline::layout();
+    Q_EMIT pathChanged(QRectF());
+    m_core->updateBounds(Polyline::getBounds());
+}
+
+void PolylineConnection::revalidate()
+{
+    m_core->eraseBounds();
+    Polyline::revalidate();
+    m_core->router()->invalidate(this);
+}
+
+} // namespace Velmora::Figura
