@@ -1,6 +1,7 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "listenerconnections_p.h"
 
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/Border.h>

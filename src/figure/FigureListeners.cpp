@@ -3,11 +3,23 @@
 
 #include <figura/figure/Figure.h>
 
+#include "listenerconnections_p.h"
+
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/IAncestorListener.h>
 #include <figura/figure/IPropertyChangeListener.h>
 
 namespace Velmora::Figura {
+namespace {
+
+ListenerConnections &ensure(std::unique_ptr<ListenerConnections> &connections)
+{
+    if (!connections)
+        connections = std::make_unique<ListenerConnections>();
+    return *connections;
+}
+
+} // namespace
 
 void Figure::addAncestorListener(IAncestorListener *listener)
 {
@@ -17,9 +29,13 @@ void Figure::addAncestorListener(IAncestorListener *listener)
 
     if (!m_ancestorHelper)
         m_ancestorHelper = new AncestorHelper(this, nullptr);
-    connect(this, SIGNAL(ancestorAdded(Figure *)), object, SLOT(ancestorAdded(Figure *)));
-    connect(this, SIGNAL(ancestorMoved(Figure *)), object, SLOT(ancestorMoved(Figure *)));
-    connect(this, SIGNAL(ancestorRemoved(Figure *)), object, SLOT(ancestorRemoved(Figure *)));
+    ListenerConnections &made = ensure(m_ancestorConnections);
+    made.add(object,
+             connect(this, SIGNAL(ancestorAdded(Figure *)), object, SLOT(ancestorAdded(Figure *))));
+    made.add(object,
+             connect(this, SIGNAL(ancestorMoved(Figure *)), object, SLOT(ancestorMoved(Figure *))));
+    made.add(object, connect(this, SIGNAL(ancestorRemoved(Figure *)), object,
+                             SLOT(ancestorRemoved(Figure *))));
     ++m_ancestorListenerCount;
 }
 
@@ -29,9 +45,7 @@ void Figure::removeAncestorListener(IAncestorListener *listener)
     if (!object)
         return;
 
-    disconnect(this, SIGNAL(ancestorAdded(Figure *)), object, SLOT(ancestorAdded(Figure *)));
-    disconnect(this, SIGNAL(ancestorMoved(Figure *)), object, SLOT(ancestorMoved(Figure *)));
-    disconnect(this, SIGNAL(ancestorRemoved(Figure *)), object, SLOT(ancestorRemoved(Figure *)));
+    ensure(m_ancestorConnections).removeAll(object);
     // The count goes down for a stranger too, on purpose: whoever removes must have added.
     if (--m_ancestorListenerCount == 0)
         delete m_ancestorHelper;
@@ -39,17 +53,20 @@ void Figure::removeAncestorListener(IAncestorListener *listener)
 
 void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
 {
-    if (auto *object = dynamic_cast<QObject *>(listener))
+    auto *object = dynamic_cast<QObject *>(listener);
+    if (!object)
+        return;
+
+    const QMetaObject::Connection made =
         connect(this, SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &)),
                 object, SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &)));
+    ensure(m_propertyConnections).add(object, made);
 }
 
 void Figure::removePropertyChangeListener(IPropertyChangeListener *listener)
 {
     if (auto *object = dynamic_cast<QObject *>(listener))
-        disconnect(
-            this, SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &)),
-            object, SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &)));
+        ensure(m_propertyConnections).removeAll(object);
 }
 
 } // namespace Velmora::Figura

@@ -7,9 +7,12 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 namespace Velmora::Figura {
 
 class AncestorHelper;
+class ListenerConnections;
 
 /// The base class of every drawable element: a rectangle in a tree of figures.
 ///
@@ -271,6 +274,8 @@ private:
     QPointer<UpdateManager> m_updateManager; // set on the root only
     QPointer<AncestorHelper> m_ancestorHelper;
     int m_ancestorListenerCount = 0;
+    std::unique_ptr<ListenerConnections> m_ancestorConnections;
+    std::unique_ptr<ListenerConnections> m_propertyConnections;
     bool m_clientAreaHighlighted = false;
     int m_highlightStyle = IStyleConstants::HIGHLIGHT_RUBBERBAND;
 };
