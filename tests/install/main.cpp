@@ -15,6 +15,7 @@ int main(int argc, char **argv)
     auto *child = new Rectangle(&root);
     root.add(child, QRect(10, 20, 30, 40));
     root.validate();
+    rebuildPaths(&root);
 
     return root.findFigureAt(QPoint(15, 25)) == child ? 0 : 1;
 }
