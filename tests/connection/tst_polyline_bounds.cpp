@@ -58,6 +58,8 @@ private Q_SLOTS:
     void boundsAreResolvedToThemselves_data() { addClassRows(); }
     void boundsAreResolvedToThemselves();
     void damageIsReportedWithTheBoundsOfBothTimes();
+    void destroyedPolylineLeavesItsAreaAsDamage_data() { addClassRows(); }
+    void destroyedPolylineLeavesItsAreaAsDamage();
 };
 
 void tst_PolylineBounds::boundsAreThoseOfThePath_data()
@@ -208,6 +210,22 @@ void tst_PolylineBounds::damageIsReportedWithTheBoundsOfBothTimes()
     line.setPoint(QPoint(50, 60), 1);
 
     QCOMPARE(manager.dirtyRects(), QList<QRect>({QRect(0, 0, 10, 10), QRect(0, 0, 50, 60)}));
+}
+
+void tst_PolylineBounds::destroyedPolylineLeavesItsAreaAsDamage()
+{
+    QFETCH(QString, className);
+    RecordingUpdateManager manager;
+    RootFigure root(&manager);
+    root.setLayoutManager(new FreeformLayout(&root));
+    AnyPolylinePointer line = makePolyline(className);
+    root.add(&line->shape());
+    line->setLinePoints({{10, 50}, {40, 30}});
+    manager.clear();
+
+    line.reset();
+
+    QVERIFY(manager.dirtyRects(&root).contains(QRect(10, 30, 30, 20)));
 }
 
 QTEST_MAIN(tst_PolylineBounds)

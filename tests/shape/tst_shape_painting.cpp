@@ -124,6 +124,7 @@ private Q_SLOTS:
     void oneMissingColourAsksForOneRepaint_data();
     void oneMissingColourAsksForOneRepaint();
     void paletteColourIsAdoptedWhileDisabled();
+    void paletteWithoutTheDisabledColourIsAskedForAnother();
     void disabledColoursLeaveTheEnabledOnesAlone();
     void adoptionReachesTheUpdateManager();
 
@@ -433,6 +434,23 @@ void tst_ShapePainting::paletteColourIsAdoptedWhileDisabled()
     QCOMPARE(call.brush.color(), QColor(Qt::blue));
     QCOMPARE(shape.getDisabledFGColor(), QColor(Qt::blue));
     QCOMPARE(shape.log, QStringList{QStringLiteral("repaint")});
+}
+
+// The other one goes into the disabled background, which nobody can read: only the repaint tells.
+void tst_ShapePainting::paletteWithoutTheDisabledColourIsAskedForAnother()
+{
+    ReadyShape shape;
+    shape.setEnabled(false);
+    QStyleOptionViewItem option = optionWithPalette();
+    option.palette.setColor(QPalette::Disabled, QPalette::Button, QColor());
+    const QString repaint = QStringLiteral("repaint");
+
+    const PaintCall call = draw(shape, option).value(0);
+
+    QVERIFY(!call.pen.color().isValid());
+    QVERIFY(!call.brush.color().isValid());
+    QVERIFY(!shape.getDisabledBGColor().isValid());
+    QCOMPARE(shape.log, QStringList({repaint, repaint}));
 }
 
 void tst_ShapePainting::disabledColoursLeaveTheEnabledOnesAlone()

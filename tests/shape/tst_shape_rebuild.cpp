@@ -44,7 +44,9 @@ private Q_SLOTS:
     void pathIsBuiltOnceWhileAttached();
     void newLineWidthIsTakenIntoAccount();
     void rebuildingRepaints();
+    void formerAreaIsErasedFirst();
     void boundsStayAsTheyAre();
+    void shapeWithoutBoundsIsLeftAlone();
     void polylineGetsItsPathFromItsPointsWithoutBeingAttached();
     void treeIsRebuiltFromItsRootDownThroughOtherFigures();
     void hiddenShapesAreRebuiltToo();
@@ -98,6 +100,23 @@ void tst_ShapeRebuild::rebuildingRepaints()
     QCOMPARE(shape.log.last(), QStringLiteral("repaint"));
 }
 
+// A polyline may leave the place where it was.
+void tst_ShapeRebuild::formerAreaIsErasedFirst()
+{
+    ShapeProbe<Polyline> line;
+    line.addNotify();
+    line.setEndPoints(QPoint(10, 10), QPoint(40, 30));
+    line.removeNotify();
+    line.setEndPoints(QPoint(50, 50), QPoint(90, 80));
+    line.log.clear();
+    line.detail = [&line] { return QString::number(line.getBounds().left()); };
+
+    line.rebuildPath();
+
+    QCOMPARE(line.log.first(), QStringLiteral("erase 10"));
+    QCOMPARE(line.log.last(), QStringLiteral("repaint 50"));
+}
+
 void tst_ShapeRebuild::boundsStayAsTheyAre()
 {
     ShapeProbe<Rectangle> shape;
@@ -108,6 +127,16 @@ void tst_ShapeRebuild::boundsStayAsTheyAre()
 
     QCOMPARE(shape.getBounds(), QRect(10, 10, 100, 50));
     QVERIFY(!shape.log.contains(QStringLiteral("figureMoved")));
+}
+
+void tst_ShapeRebuild::shapeWithoutBoundsIsLeftAlone()
+{
+    ShapeProbe<Rectangle> shape;
+
+    shape.rebuildPath();
+
+    QCOMPARE(shape.getPainterPath(), QPainterPath());
+    QCOMPARE(shape.log, QStringList());
 }
 
 void tst_ShapeRebuild::polylineGetsItsPathFromItsPointsWithoutBeingAttached()
