@@ -153,7 +153,7 @@ void FreeformViewer::resizeEvent(QResizeEvent *event)
 bool FreeformViewer::eventFilter(QObject *watched, QEvent *event)
 {
     // In the middle of a zoom the scroll area would place the widget by the former scroll values.
-    if (m_widget && watched == m_widget && event->type() == QEvent::Resize &&
+    if (event->type() == QEvent::Resize && watched == widget() && m_widget &&
         m_widget->isResizing())
         return false;
     return QScrollArea::eventFilter(watched, event);

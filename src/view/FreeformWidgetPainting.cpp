@@ -33,7 +33,7 @@ void FreeformWidget::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.save();
     // Filled only when set: an invalid colour would come out black instead of the palette's Base.
-    const QColor background = property("backgroundColor").value<QColor>();
+    const auto background = property("backgroundColor").value<QColor>();
     if (background.isValid())
         painter.fillRect(event->rect(), background);
 

@@ -44,9 +44,10 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
     if (!printer)
         return;
     QPainter painter(printer);
-    if (!painter.isActive())
+    if (!painter.isActive() || !isReady())
         return;
-    Layer *layer = layerToPrint(layerName);
+    m_updateManager->performUpdate();
+    Layer *layer = m_content ? m_content->getLayer(layerName) : nullptr;
     const QRect area = printArea(layer, rect);
     if (!area.isValid())
         return;
@@ -67,7 +68,10 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
 
 QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rect)
 {
-    Layer *layer = layerToPrint(layerName);
+    const QPointer<Layer> layer(isReady() ? m_content->getLayer(layerName) : nullptr);
+    if (!layer)
+        return {};
+    m_updateManager->performUpdate();
     const QRect area = printArea(layer, rect);
     if (!area.isValid())
         return {};
@@ -80,15 +84,6 @@ QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rec
     painter.translate(-area.topLeft());
     printContent(&painter, layer, area);
     return pixmap;
-}
-
-// Validates the content first; null when there is nothing to print.
-Layer *FreeformWidget::layerToPrint(const QString &layerName) const
-{
-    if (!isReady())
-        return nullptr;
-    m_updateManager->performUpdate();
-    return m_content ? m_content->getLayer(layerName) : nullptr;
 }
 
 // The layer's own children do not count, only freeform layers in it. For an ordinary layer the

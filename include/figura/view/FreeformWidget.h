@@ -121,7 +121,6 @@ private:
     QRect contentExtent() const;
     QRect viewRect();
     QRect withMargins(const QRect &rect) const;
-    Layer *layerToPrint(const QString &layerName) const;
     QRect printArea(Layer *layer, const QRect &rect) const;
     void printContent(QPainter *painter, Figure *figure, const QRect &rect) const;
     QRect optionRect(const QRect &widgetRect);
