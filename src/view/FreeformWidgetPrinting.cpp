@@ -86,8 +86,8 @@ QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rec
     return pixmap;
 }
 
-// Only the freeform layers inside the layer count, not the layer itself. So an ordinary layer has no
-// area of its own, on purpose, and the caller names the rectangle.
+// Only the freeform layers inside the layer count, not the layer itself. So an ordinary layer has
+// no area of its own, on purpose, and the caller names the rectangle.
 QRect FreeformWidget::printArea(Layer *layer, const QRect &rect) const
 {
     if (!layer)
