@@ -244,7 +244,7 @@ void tst_Figure_Attachment::updateManagerIsAskedOfTheParentVirtually()
         UpdateManager *getUpdateManager() const override { return manager; }
         UpdateManager *manager = nullptr;
     };
-    UpdateManager other;
+    RecordingUpdateManager other;
     Middle middle;
     Figure child;
     middle.manager = &other;

@@ -94,14 +94,14 @@ void RandomTree::grow(int parent, const QPoint &origin, int depth)
     const QRect bounds =
         depth == 0
             ? QRect(20, 30, 200, 200)
-            : QRect(QPoint(pick(-20, 80), pick(-20, 80)) - origin + nodes[parent].area.topLeft(),
-                    QSize(pick(1, 90), pick(1, 90)));
+            : QRect(QPoint(pick(-20, 60), pick(-20, 60)) - origin + nodes[parent].area.topLeft(),
+                    QSize(pick(1, 120), pick(1, 120)));
     figure->setBounds(bounds);
-    if (pick(0, 6) == 0)
+    if (pick(0, 9) == 0)
         figure->setVisible(false);
     if (pick(0, 4) == 0)
         search.refused.insert(figure);
-    if (pick(0, 9) == 0)
+    if (pick(0, 29) == 0)
         search.pruned.insert(figure);
     if (parent >= 0)
         nodes[parent].figure->add(figure);
@@ -110,7 +110,7 @@ void RandomTree::grow(int parent, const QPoint &origin, int depth)
     nodes.push_back({std::move(owned), bounds.translated(origin), parent});
     const QPoint shift(margin + inset, margin + inset);
     const QPoint childOrigin = relative ? nodes[index].area.topLeft() + shift : origin;
-    const int children = depth < 4 ? pick(0, 3) : 0;
+    const int children = depth < 4 ? pick(depth == 0 ? 3 : 0, depth == 0 ? 6 : 3) : 0;
     for (int i = 0; i < children; ++i)
         grow(index, childOrigin, depth + 1);
 }
