@@ -43,8 +43,8 @@ void AncestorHelper::removeAncestors(Figure *figure)
 void AncestorHelper::hook(Figure *figure)
 {
     m_chain.append(
-        {figure, connect(figure, SIGNAL(figureMoved(Figure *)), SLOT(figureMoved(Figure *))),
-         connect(figure, SIGNAL(destroyed(QObject *)), SLOT(ancestorDestroyed(QObject *)))});
+        {figure, connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved),
+         connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed)});
     figure->addPropertyChangeListener(this);
 }
 

@@ -134,10 +134,10 @@ void Shape::setDisabledFGColor(const QColor &color)
     repaint();
 }
 
+// The foreground, on purpose: it is what a disabled shape is filled with.
 QColor Shape::getDisabledBGColor() const
 {
-    return m_disabledFGColor; // the foreground on purpose: it is what a disabled shape is filled
-                              // with
+    return m_disabledFGColor;
 }
 
 void Shape::setDisabledBGColor(const QColor &color)
