@@ -12,6 +12,8 @@
 #include <QStyleOptionFocusRect>
 #include <QStyleOptionRubberBand>
 
+#include <cmath>
+
 namespace Velmora::Figura {
 
 QStyleOptionViewItem FreeformWidget::viewOptions()
@@ -52,8 +54,9 @@ QRect FreeformWidget::optionRect(const QRect &widgetRect)
 {
     if (m_scale == 1.0)
         return toLogical(QRectF(widgetRect)).toRect();
-    const QRectF reached = toLogical(QRectF(widgetRect.adjusted(-1, -1, 1, 1)));
-    return reached.toAlignedRect().adjusted(-1, -1, 1, 1);
+    const int overhang = static_cast<int>(std::ceil(m_scale / 2.0));
+    const QRect reached = widgetRect.adjusted(-overhang, -overhang, overhang, overhang);
+    return toLogical(QRectF(reached)).toAlignedRect();
 }
 
 void FreeformWidget::paintContent(QPainter *painter, const QRect &widgetRect)
