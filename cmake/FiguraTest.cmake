@@ -15,9 +15,9 @@ if(FIGURA_SANITIZE)
     list(
         APPEND
         FIGURA_TEST_ENVIRONMENT
-        ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+        ASAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/address.supp:detect_stack_use_after_return=1
         UBSAN_OPTIONS=print_stacktrace=1
-        LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0
+        LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leak.supp:print_suppressions=0
     )
 endif()
 
