@@ -590,8 +590,8 @@ void tst_Figure_HitTest::randomTreesEqualBruteForceInRectangles()
     for (unsigned int seed = 1; seed <= 300; ++seed) {
         RandomTree tree(seed);
         for (int i = 0; i < 50; ++i) {
-            const QRect rect(tree.pick(0, 220), tree.pick(0, 230), tree.pick(1, 120),
-                             tree.pick(1, 120));
+            const QRect rect(tree.pick(-50, 150), tree.pick(-50, 150), tree.pick(1, 300),
+                             tree.pick(1, 300));
             for (const bool containedOnly : {false, true}) {
                 QList<Figure *> found;
                 tree.nodes[0].figure->findFigures(found, rect, tree.search, containedOnly);
