@@ -35,6 +35,13 @@ public:
     }
 };
 
+/// Paints what is still to be painted, so that later paint events are those of later requests.
+inline void settle(QWidget *window)
+{
+    QCoreApplication::processEvents();
+    window->repaint();
+}
+
 /// A viewer that shows a pane with one layer, "figures". It has neither frame nor visible scroll
 /// bars, so that the viewport is as large as the viewer, whatever the content is.
 class Scene
@@ -57,7 +64,9 @@ public:
     bool show()
     {
         viewer.show();
-        return QTest::qWaitForWindowExposed(&viewer);
+        const bool isExposed = QTest::qWaitForWindowExposed(&viewer);
+        settle(&viewer);
+        return isExposed;
     }
 
     FreeformWidget *widget() const { return qobject_cast<FreeformWidget *>(viewer.widget()); }

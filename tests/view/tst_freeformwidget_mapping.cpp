@@ -121,7 +121,6 @@ void tst_FreeformWidgetMapping::newPointAtOriginRepaints()
 {
     Scene scene;
     QVERIFY(scene.show());
-    QCoreApplication::processEvents();
     EventCounter paints(scene.widget(), QEvent::Paint);
 
     scene.widget()->setPointAtOrigin(QPoint(10, 20));
