@@ -3,7 +3,11 @@
 
 #include <figureprobe.h>
 
+#include <QLineF>
+#include <QRandomGenerator>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -41,6 +45,44 @@ public:
     QList<Figure *> childFigures() override { return children; }
 };
 
+// Counts the edges to the right of the point: inside when the count is odd.
+bool isInside(const QList<QPoint> &corners, const QPoint &p)
+{
+    bool inside = false;
+    for (int i = 0; i < corners.size(); ++i) {
+        const QPointF a = corners[i];
+        const QPointF b = corners[(i + 1) % corners.size()];
+        if ((a.y() > p.y()) == (b.y() > p.y()))
+            continue;
+        const double crossing = a.x() + (p.y() - a.y()) / (b.y() - a.y()) * (b.x() - a.x());
+        if (crossing > p.x())
+            inside = !inside;
+    }
+    return inside;
+}
+
+bool isNearAnEdge(const QList<QPoint> &corners, const QPoint &p)
+{
+    for (int i = 0; i < corners.size(); ++i) {
+        const QPointF a = corners[i];
+        const QPointF d = QPointF(corners[(i + 1) % corners.size()]) - a;
+        const double square = QPointF::dotProduct(d, d);
+        const double along = square > 0 ? QPointF::dotProduct(p - a, d) / square : 0;
+        if (QLineF(a + std::clamp(along, 0.0, 1.0) * d, p).length() < 1)
+            return true;
+    }
+    return false;
+}
+
+QList<QPoint> randomCorners(QRandomGenerator &random)
+{
+    QList<QPoint> corners;
+    const int count = random.bounded(3, 9);
+    while (corners.size() < count)
+        corners.append(QPoint(random.bounded(200), random.bounded(200)));
+    return corners;
+}
+
 void makeTriangle(Probe &polygon)
 {
     polygon.addNotify();
@@ -67,6 +109,7 @@ private Q_SLOTS:
 
     void insideIsHitEvenWhenNotFilled();
     void outsideIsMissedHoweverNear();
+    void randomPolygonsAgreeWithCountingCrossedEdges();
     void childIsHitOutsideThePath();
     void childIsAskedAboutTheSamePoint();
     void childIsNotAskedInsideThePath();
@@ -182,6 +225,31 @@ void tst_Polygon::outsideIsMissedHoweverNear()
     QVERIFY(!polygon.contains(QPoint(50, -1)));
     QVERIFY(!polygon.contains(QPoint(102, 50)));
     QVERIFY(!polygon.contains(QPoint(48, 52)));
+}
+
+void tst_Polygon::randomPolygonsAgreeWithCountingCrossedEdges()
+{
+    QRandomGenerator random(20240917);
+    int hits = 0;
+    int misses = 0;
+
+    for (int i = 0; i < 300; ++i) {
+        const QList<QPoint> corners = randomCorners(random);
+        Polygon polygon;
+        polygon.addNotify();
+        polygon.setLinePoints(corners);
+        for (int k = 0; k < 30; ++k) {
+            const QPoint p(random.bounded(200), random.bounded(200));
+            if (isNearAnEdge(corners, p))
+                continue;
+            const bool inside = isInside(corners, p);
+            inside ? ++hits : ++misses;
+            QCOMPARE(polygon.contains(p), inside);
+        }
+    }
+
+    QVERIFY(hits > 1000);
+    QVERIFY(misses > 1000);
 }
 
 void tst_Polygon::childIsHitOutsideThePath()

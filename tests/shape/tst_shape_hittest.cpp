@@ -4,9 +4,29 @@
 #include <figura/shape/Rectangle.h>
 #include <figura/shape/RoundedRectangle.h>
 
+#include <QRandomGenerator>
 #include <QTest>
 
 using namespace Velmora::Figura;
+
+namespace {
+
+// 1 on the outline of the ellipse in the rectangle, less inside, more outside.
+double ellipseEquation(const QRectF &rect, const QPointF &p)
+{
+    const QPointF d = p - rect.center();
+    const double u = d.x() / (rect.width() / 2);
+    const double v = d.y() / (rect.height() / 2);
+    return u * u + v * v;
+}
+
+QPoint randomPoint(QRandomGenerator &random, const QRect &rect)
+{
+    return QPoint(random.bounded(rect.left(), rect.right() + 1),
+                  random.bounded(rect.top(), rect.bottom() + 1));
+}
+
+} // namespace
 
 class tst_ShapeHittest : public QObject
 {
@@ -16,6 +36,7 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
 
     void ellipseIsMissedInTheCornersOfItsBounds();
+    void randomEllipsesAgreeWithTheirEquation();
     void roundedCornerIsMissed();
     void shapeIsHitInsideItsPathEvenWhenNotFilled();
     void bandBetweenPathAndBoundsIsMissed();
@@ -38,6 +59,34 @@ void tst_ShapeHittest::ellipseIsMissedInTheCornersOfItsBounds()
     QVERIFY(!ellipse.contains(QPoint(105, 24)));
     QVERIFY(!ellipse.contains(QPoint(105, 75)));
     QVERIFY(!ellipse.contains(QPoint(14, 75)));
+}
+
+// The curve deviates from a true ellipse by less than a thousandth.
+void tst_ShapeHittest::randomEllipsesAgreeWithTheirEquation()
+{
+    QRandomGenerator random(20240917);
+    int hits = 0;
+    int misses = 0;
+
+    for (int i = 0; i < 200; ++i) {
+        const QRect bounds(random.bounded(-200, 200), random.bounded(-200, 200),
+                           random.bounded(20, 300), random.bounded(20, 300));
+        Ellipse ellipse;
+        ellipse.addNotify();
+        ellipse.setBounds(bounds);
+        for (int k = 0; k < 50; ++k) {
+            const QPoint p = randomPoint(random, bounds);
+            const double equation = ellipseEquation(QRectF(bounds).adjusted(0, 0, -1, -1), p);
+            if (qAbs(equation - 1) < 0.01)
+                continue;
+            const bool hit = equation < 1;
+            hit ? ++hits : ++misses;
+            QCOMPARE(ellipse.contains(p), hit);
+        }
+    }
+
+    QVERIFY(hits > 1000);
+    QVERIFY(misses > 1000);
 }
 
 void tst_ShapeHittest::roundedCornerIsMissed()

@@ -68,6 +68,16 @@ protected:
     }
 };
 
+// Has no path, and draws all the same.
+class MarkingShape : public ShapeProbe<Rectangle>
+{
+protected:
+    void drawShape(QPainter *painter, const QStyleOptionViewItem &) const override
+    {
+        painter->drawLine(QLineF(1, 2, 3, 4));
+    }
+};
+
 template<typename Shape>
 QList<PaintCall> draw(const Shape &shape, const QStyleOptionViewItem &option = optionWithPalette())
 {
@@ -104,6 +114,7 @@ private Q_SLOTS:
     void nullPainterIsIgnored();
     void renderDrawsThePathOnce();
     void emptyPathDrawsNothingButAdoptsTheColours();
+    void emptyPathLeavesDrawShapeItsPenAndBrush();
     void drawShapeAloneUsesThePainterAsItIs();
 
     void penAndBrushHaveTheEnabledColours();
@@ -174,6 +185,17 @@ void tst_ShapePainting::emptyPathDrawsNothingButAdoptsTheColours()
     QCOMPARE(calls.size(), 0);
     QCOMPARE(shape.getEnabledFGColor(), QColor(Qt::red));
     QCOMPARE(shape.getEnabledBGColor(), QColor(Qt::green));
+}
+
+void tst_ShapePainting::emptyPathLeavesDrawShapeItsPenAndBrush()
+{
+    const MarkingShape shape;
+
+    const PaintCall call = draw(shape).value(0);
+
+    QCOMPARE(call.lines, QList<QLineF>{QLineF(1, 2, 3, 4)});
+    QCOMPARE(call.pen.color(), QColor(Qt::red));
+    QCOMPARE(call.brush, QBrush(Qt::green, Qt::SolidPattern));
 }
 
 void tst_ShapePainting::drawShapeAloneUsesThePainterAsItIs()
