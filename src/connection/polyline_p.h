@@ -31,16 +31,16 @@ public:
     static void addPoint(Line *line, const Point &point)
     {
         line->m_points.append(point);
-        announce(line);
-        line->repaint();
+        if (announce(line))
+            line->repaint();
     }
 
     template<class Line, class Point>
     static void insertPoint(Line *line, const Point &point, int index)
     {
         line->m_points.insert(qBound(0, index, line->getPointCount()), point);
-        announce(line);
-        line->repaint();
+        if (announce(line))
+            line->repaint();
     }
 
     template<class Line, class Point>
@@ -50,8 +50,8 @@ public:
             return;
         line->erase();
         line->m_points[index] = point;
-        announce(line);
-        line->repaint();
+        if (announce(line))
+            line->repaint();
     }
 
     template<class Line>
@@ -77,8 +77,8 @@ public:
     {
         line->erase();
         line->m_points = points;
-        announce(line);
-        line->repaint();
+        if (announce(line))
+            line->repaint();
     }
 
     template<class Line, class Point>
@@ -162,11 +162,14 @@ public:
     }
 
 private:
-    /// The empty rectangle says nothing: the points alone make the path.
+    /// The empty rectangle says nothing: the points alone make the path. False when a slot has
+    /// destroyed the line.
     template<class Line>
-    static void announce(Line *line)
+    static bool announce(Line *line)
     {
+        const QPointer<Line> alive(line);
         Q_EMIT line->pathChanged(QRectF());
+        return !alive.isNull();
     }
 
     template<class Line>

@@ -169,16 +169,20 @@ void Figure::setBounds(const QRect &rect)
     if (shift.isNull() && !resized)
         return;
 
+    // Whoever is told of a move, that of a child too, may destroy this figure.
+    const QPointer<Figure> alive(this);
     if (isVisible())
         erase();
     if (!shift.isNull())
         primTranslate(shift.x(), shift.y());
-    if (resized) {
+    if (alive && resized) {
         m_bounds.setSize(bounds.size());
         invalidate();
     }
-    Q_EMIT figureMoved(this);
-    repaint();
+    if (alive)
+        Q_EMIT figureMoved(this);
+    if (alive)
+        repaint();
 }
 
 void Figure::primTranslate(int dx, int dy)
@@ -189,9 +193,11 @@ void Figure::primTranslate(int dx, int dy)
 
 void Figure::translate(int dx, int dy)
 {
+    const QPointer<Figure> alive(this);
     if (!useLocalCoordinates())
         primTranslate(dx, dy);
-    Q_EMIT figureMoved(this);
+    if (alive)
+        Q_EMIT figureMoved(this);
 }
 
 } // namespace Velmora::Figura

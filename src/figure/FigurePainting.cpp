@@ -53,13 +53,13 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     if (!rect.intersects(option.rect))
         return;
 
+    // Figures draw themselves by the application's code, which may destroy this one.
+    const QPointer<Figure> alive(this);
     QStyleOptionViewItem part(option);
     part.rect = rect;
-    painter->save();
-    drawBackground(painter, part);
-    drawFigure(painter, part);
-    drawBorder(painter, part, getBorder());
-    painter->restore();
+    drawOwn(painter, part);
+    if (!alive)
+        return;
 
     const QRect content = calculateContentRect(rect);
     if (!content.isValid())
@@ -68,8 +68,21 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
         part.rect = option.rect & content;
         drawChildren(painter, part);
     }
-    if (m_clientAreaHighlighted)
+    if (alive && m_clientAreaHighlighted)
         drawHighlight(painter, option, content);
+}
+
+// Background, shape and border; the children come on top of all three.
+void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
+{
+    const QPointer<Figure> alive(this);
+    painter->save();
+    drawBackground(painter, option);
+    if (alive)
+        drawFigure(painter, option);
+    if (alive)
+        drawBorder(painter, option, getBorder());
+    painter->restore();
 }
 
 void Figure::drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const

@@ -33,10 +33,13 @@ bool FreeformLayout::watch(Figure *child)
 
 bool FreeformLayout::remove(Figure *child)
 {
-    const QPointer<Figure> alive(child);
+    const QPointer<FreeformLayout> alive(this);
+    const QPointer<Figure> removed(child);
     if (!XYLayout::remove(child))
         return false;
-    if (alive)
+    if (!alive)
+        return true;
+    if (removed)
         disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
     examineExtent();
     return true;

@@ -93,17 +93,20 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
     if (!m_figure || !child || m_helpers.contains(child))
         return false;
 
-    // Whoever is told on the way may destroy the child or take it out again.
+    // Whoever is told on the way may take the child out again, or destroy it or this layout.
+    const QPointer<Layout> alive(this);
+    const auto isPresent = [&alive, child]() { return alive && alive->m_helpers.contains(child); };
     enlist(child, record, index);
     child->setParentFigure(m_figure);
-    setConstraint(child, constraint);
-    if (m_helpers.contains(child))
+    if (isPresent())
+        setConstraint(child, constraint);
+    if (isPresent())
         child->revalidate();
-    if (m_helpers.contains(child) && isNotified(m_figure))
+    if (isPresent() && isNotified(m_figure))
         child->addNotify();
-    if (m_helpers.contains(child))
+    if (isPresent())
         child->repaint();
-    return m_helpers.contains(child);
+    return isPresent();
 }
 
 void Layout::enlist(Figure *child, const LayoutHelper &record, int index)
@@ -121,19 +124,22 @@ bool Layout::remove(Figure *child)
     if (!child || !m_helpers.contains(child))
         return false;
 
-    const QPointer<Figure> alive(child);
+    const QPointer<Layout> alive(this);
+    const QPointer<Figure> guarded(child);
     tellAll(m_listeners, [this](ILayoutListener *listener) { listener->remove(m_figure); });
     const QMetaObject::Connection watch = dismiss(child);
-    if (alive && isNotified(m_figure)) {
+    if (guarded && isNotified(m_figure)) {
         child->removeNotify();
-        m_figure->revalidate();
+        if (alive && m_figure)
+            m_figure->revalidate();
     }
-    if (alive)
+    if (guarded)
         child->erase();
-    if (alive)
+    if (guarded)
         child->setParentFigure(nullptr);
     disconnect(watch);
-    removeChild(m_children, child);
+    if (alive)
+        removeChild(m_children, child);
     return true;
 }
 
@@ -267,9 +273,10 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
 {
     if (!painter || !m_figure)
         return;
+    const QPointer<Layout> alive(this);
     if (!m_laidOut)
         layout(m_figure);
-    if (!m_laidOut)
+    if (!alive || !m_laidOut)
         return;
 
     painter->save();
@@ -289,6 +296,7 @@ bool Layout::layout(Figure *container)
     if (m_laidOut)
         return true;
 
+    const QPointer<Layout> alive(this);
     bool takenOver = false;
     tellAll(m_listeners, [container, &takenOver](ILayoutListener *listener) {
         takenOver = listener->layout(container) || takenOver;
@@ -296,7 +304,10 @@ bool Layout::layout(Figure *container)
     if (!takenOver) {
         QRect area = container->getClientArea();
         container->translateFromParent(area);
-        m_laidOut = performLayout(area);
+        const bool laidOut = performLayout(area);
+        if (!alive)
+            return false;
+        m_laidOut = laidOut;
     }
     tellAll(m_listeners,
             [container](ILayoutListener *listener) { listener->postLayout(container); });

@@ -124,7 +124,10 @@ void XYLayout::childMoved(Figure *child)
     if (!child || !isLaidOut())
         return;
 
+    const QPointer<XYLayout> alive(this);
+    const QPointer<Figure> moved(child);
     const QVariant constraint = getConstraint(child);
+    bool changed = false;
     if (isRectangle(constraint)) {
         // The marker for "as preferred" survives the move.
         const QRectF before = constraint.toRectF();
@@ -133,12 +136,13 @@ void XYLayout::childMoved(Figure *child)
             bounds.setWidth(-1);
         if (before.height() < 0)
             bounds.setHeight(-1);
-        if (setConstraint(child, bounds))
-            Q_EMIT constraintChanged(child);
+        changed = setConstraint(child, bounds);
     } else if (ILocator *locator = constraintLocator(constraint)) {
         locator->relocate(child);
-        Q_EMIT constraintChanged(child);
+        changed = true;
     }
+    if (changed && alive && moved)
+        Q_EMIT constraintChanged(child);
 }
 
 } // namespace Velmora::Figura

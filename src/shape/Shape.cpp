@@ -170,10 +170,12 @@ void Shape::rebuildPath()
 
 void Shape::setBounds(const QRect &rect)
 {
+    const QPointer<Shape> alive(this);
     const QRect resolved = resolveBounds(rect);
     if (resolved != getBounds())
         Q_EMIT pathChanged(pathRect(resolved)); // before the bounds are stored, on purpose
-    Figure::setBounds(rect);
+    if (alive)
+        Figure::setBounds(rect);
 }
 
 bool Shape::contains(const QPoint &point) const

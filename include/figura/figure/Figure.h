@@ -256,6 +256,7 @@ private:
 
     void setUpdateManager(UpdateManager *manager);
     QPoint clientOffset();
+    void drawOwn(QPainter *painter, const QStyleOptionViewItem &option);
     void drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
                        const QRect &rect) const;
 
