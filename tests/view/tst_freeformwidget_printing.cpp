@@ -475,7 +475,7 @@ void tst_FreeformWidgetPrinting::layerOfNestedPaneIsPrinted()
     Document document;
     nested.addLayer(&layer, QStringLiteral("deep"));
     document.pane.addLayer(&nested, QStringLiteral("nested"));
-    layer.setFreeformBounds(QRect(0, 0, 500, 500));
+    nested.setFreeformBounds(QRect(-2000, -2000, 5000, 5000));
     PaperPrinter printer;
 
     document.widget()->print(&printer, QStringLiteral("deep"), QRect(0, 0, 100, 100));
