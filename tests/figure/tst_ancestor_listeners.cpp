@@ -84,6 +84,7 @@ private Q_SLOTS:
     void figureIsWatchedOnlyWhileThereAreListeners();
     void listenerAddedAfterAllWereRemovedIsTold();
     void removalOfAStrangerCountsAsARemoval();
+    void watchGoesOnWhenTheCountIsBelowZero();
     void listenerThatIsNoObjectIsNeverCalledAndNotReported();
     void nullListenerIsIgnored();
 
@@ -382,6 +383,25 @@ void tst_Ancestor_Listeners::removalOfAStrangerCountsAsARemoval()
     nudge(family.parent);
 
     QCOMPARE(family.listener.all, Figures());
+}
+
+// Only a count of exactly zero ends the watch, on purpose.
+void tst_Ancestor_Listeners::watchGoesOnWhenTheCountIsBelowZero()
+{
+    AncestorRecorder listener;
+    AncestorRecorder stranger;
+    ParentFigure parent;
+    Figure child;
+    parent.add(&child);
+    child.removeAncestorListener(&stranger);
+    child.addAncestorListener(&listener);
+    QSignalSpy watched(&child, &Figure::ancestorMoved);
+
+    child.removeAncestorListener(&listener);
+    nudge(parent);
+
+    QCOMPARE(listener.all, Figures());
+    QCOMPARE(watched.count(), 1);
 }
 
 void tst_Ancestor_Listeners::listenerThatIsNoObjectIsNeverCalledAndNotReported()

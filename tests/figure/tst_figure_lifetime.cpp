@@ -236,6 +236,7 @@ private Q_SLOTS:
     void destroyedObjectsCountAsNotSet();
     void destroyedFigureDestroysNothingElse();
     void destroyedChildLeavesItsParentSilently();
+    void destroyedFigureDamagesTheAreaThatItShowed();
     void childrenOfADestroyedFigureAreLeftWithoutAParentSilently();
     void destroyedLayoutLeavesItsChildrenWithTheirParent();
     void destroyedFigureLeavesItsLayoutWithoutAFigure();
@@ -324,6 +325,31 @@ void tst_Figure_Lifetime::destroyedChildLeavesItsParentSilently()
     QCOMPARE(parent.childFigureCount(), 1);
     QCOMPARE(moved.count(), 0);
     QCOMPARE(changed.count(), 0);
+}
+
+// Nobody else would ask for these pixels.
+void tst_Figure_Lifetime::destroyedFigureDamagesTheAreaThatItShowed()
+{
+    PlainLayout layout;
+    RecordingUpdateManager updates;
+    RootFigure root(&updates);
+    auto shown = std::make_unique<Figure>();
+    auto hidden = std::make_unique<Figure>();
+    root.setLayoutManager(&layout);
+    root.setBounds(QRect(100, 200, 50, 50));
+    root.add(shown.get());
+    root.add(hidden.get());
+    shown->setBounds(QRect(1, 2, 3, 4));
+    hidden->setBounds(QRect(11, 12, 13, 14));
+    hidden->setVisible(false);
+    updates.clear();
+
+    hidden.reset();
+    QCOMPARE(updates.dirtyRects(), QList<QRect>());
+
+    shown.reset();
+    QCOMPARE(updates.dirtyRects(), QList<QRect>({{101, 202, 3, 4}}));
+    QCOMPARE(updates.dirtyRequests().first().figure, &root);
 }
 
 void tst_Figure_Lifetime::childrenOfADestroyedFigureAreLeftWithoutAParentSilently()

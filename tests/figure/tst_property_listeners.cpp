@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <memory>
+#include <vector>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void listenerWithoutTheSlotIsNeverCalled();
     void nullListenerIsIgnored();
     void destroyedListenerIsForgotten();
+    void manyListenersComeAndGo();
 };
 
 void tst_Property_Listeners::init()
@@ -221,6 +223,25 @@ void tst_Property_Listeners::destroyedListenerIsForgotten()
     figure.setParentFigure(nullptr);
 
     QCOMPARE(staying.changes.size(), 1);
+}
+
+void tst_Property_Listeners::manyListenersComeAndGo()
+{
+    Figure figure;
+    std::vector<std::unique_ptr<PropertyListener>> staying;
+    for (int i = 0; i < 200; ++i) {
+        PropertyListener passing;
+        figure.addPropertyChangeListener(&passing);
+        staying.push_back(std::make_unique<PropertyListener>());
+        figure.addPropertyChangeListener(staying.back().get());
+    }
+
+    for (int i = 0; i < 200; i += 2)
+        figure.removePropertyChangeListener(staying[i].get());
+    figure.setParentFigure(nullptr);
+
+    for (int i = 0; i < 200; ++i)
+        QCOMPARE(staying[i]->changes.size(), i % 2);
 }
 
 QTEST_MAIN(tst_Property_Listeners)

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void positionToARectangleNamesTheSideOrCorner();
     void positionToAnEmptyRectangleIsNeverInside_data();
     void positionToAnEmptyRectangleIsNeverInside();
+    void positionInsideARectangleOfNegativeSizeIsNone();
 };
 
 void tst_GeometryUtils::init()
@@ -112,6 +113,15 @@ void tst_GeometryUtils::positionToAnEmptyRectangleIsNeverInside()
     QFETCH(QPoint, p);
 
     QTEST(GeometryUtils::relativePosition(p, QRect(10, 20, 0, 0)), "position");
+}
+
+// Such a rectangle contains points, although they lie before its position.
+void tst_GeometryUtils::positionInsideARectangleOfNegativeSizeIsNone()
+{
+    const QRect inverted(10, 10, -5, -5);
+    QVERIFY(inverted.contains(QPoint(7, 7)));
+
+    QCOMPARE(GeometryUtils::relativePosition(QPoint(7, 7), inverted), Pos::NONE);
 }
 
 QTEST_APPLESS_MAIN(tst_GeometryUtils)
