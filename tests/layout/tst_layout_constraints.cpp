@@ -55,6 +55,7 @@ private Q_SLOTS:
     void applyingAcceptsAnyOtherConstraintAndMovesNothing();
     void applyingALocatorRelocatesTheChild();
     void locatorIsFoundBehindItsOwnPointerType();
+    void locatorThatDoesNotDeclareItsInterfaceIsNone();
     void bareInterfacePointerIsNoObject();
     void addingWithALocatorRelocatesOnce();
 
@@ -294,6 +295,25 @@ void tst_LayoutConstraints::locatorIsFoundBehindItsOwnPointerType()
     QVERIFY(scene.layout.applyConstraint(&child, QVariant::fromValue(&locator)));
 
     QCOMPARE(locator.targets, QList<Figure *>{&child});
+}
+
+// Interfaces are found by their ids, which an object has to declare.
+void tst_LayoutConstraints::locatorThatDoesNotDeclareItsInterfaceIsNone()
+{
+    class Undeclared : public QObject, public ILocator
+    {
+    public:
+        int relocations = 0;
+
+        void relocate(Figure *) override { ++relocations; }
+    };
+    Scene<ProbeLayout> scene;
+    Figure child;
+    Undeclared locator;
+
+    QVERIFY(scene.layout.applyConstraint(&child, asConstraint(&locator)));
+
+    QCOMPARE(locator.relocations, 0);
 }
 
 // A pointer to the interface says nothing about the object behind it, neither to place nor to own.

@@ -257,6 +257,7 @@ private Q_SLOTS:
     void destroyedChildLeavesTheLayout();
     void destroyedChildLeavesALayoutWithoutContainer();
     void destroyedChildIsNoStretchAnyMore();
+    void destroyedChildMakesADisplayedLayoutStale();
     void removedChildIsNotWatchedAnyMore();
     void newChildMayTakeTheAddressOfADestroyedOne();
     void childDestroyedAsAnOwnedObjectOfItsContainer();
@@ -380,17 +381,33 @@ void tst_LayoutLifetime::destroyedChildIsNoStretchAnyMore()
     QCOMPARE(scene.layout.getHTotalStretch(), 20u);
 }
 
+void tst_LayoutLifetime::destroyedChildMakesADisplayedLayoutStale()
+{
+    Scene<ProbeLayout> scene(QRect(0, 0, 50, 50));
+    scene.figure.addNotify();
+    auto *child = new Figure;
+    scene.layout.add(child);
+    scene.figure.validate();
+
+    delete child;
+
+    QVERIFY(!scene.layout.isLaidOut());
+}
+
 void tst_LayoutLifetime::removedChildIsNotWatchedAnyMore()
 {
-    Scene<ProbeLayout> former;
+    Scene<ProbeLayout> former(QRect(0, 0, 50, 50));
     Scene<ProbeLayout> present;
+    former.figure.addNotify();
     auto *child = new Figure;
     former.layout.add(child);
     former.layout.remove(child);
+    former.figure.validate();
     present.layout.add(child);
 
     delete child;
 
+    QVERIFY(former.layout.isLaidOut()); // it is none of its business any more
     QCOMPARE(former.layout.childFigureCount(), 0);
     QCOMPARE(present.layout.childFigureCount(), 0);
 }
@@ -657,6 +674,7 @@ void tst_LayoutLifetime::containerMayBeDestroyedByAListener()
     ProbeLayout layout;
     QPointer<Figure> container = new Figure;
     container->setLayoutManager(&layout);
+    container->setBounds(QRect(0, 0, 50, 50));
     container->addNotify();
     Figure child;
     layout.add(&child, 1);
@@ -688,6 +706,7 @@ void tst_LayoutLifetime::layoutMayBeDestroyedByAListener()
     QPointer<ProbeLayout> layout = new ProbeLayout;
     Figure container;
     container.setLayoutManager(layout);
+    container.setBounds(QRect(0, 0, 50, 50));
     container.addNotify();
     Figure child;
     layout->add(&child, 1);

@@ -583,7 +583,7 @@ void tst_XYLayout::preferredSizeMarkerSurvivesAMove_data()
     QTest::newRow("width") << QVariant(QRect(0, 0, -1, 5)) << QSize(30, 44);
     QTest::newRow("height") << QVariant(QRect(0, 0, 5, -1)) << QSize(33, 20);
     QTest::newRow("zero is no marker") << QVariant(QRect(0, 0, 0, 0)) << QSize(33, 44);
-    QTest::newRow("floating, both") << QVariant(QRectF(0, 0, -0.5, -1)) << QSize(30, 20);
+    QTest::newRow("floating, both") << QVariant(QRectF(0, 0, -0.25, -1)) << QSize(30, 20);
     QTest::newRow("floating, height") << QVariant(QRectF(0, 0, 5, -2)) << QSize(33, 20);
 }
 
