@@ -45,7 +45,8 @@ QByteArray XdotScanner::counted()
     const int size = integer();
     skipBlanks();
     // The hyphen marks where the text begins: it may itself begin with a blank.
-    if (m_failed || size < 0 || m_at + 1 + size > m_text.size() || m_text.at(m_at) != '-') {
+    const qsizetype available = m_text.size() - m_at - 1;
+    if (m_failed || size < 0 || size > available || m_text.at(m_at) != '-') {
         fail();
         return {};
     }
@@ -64,7 +65,7 @@ QPointF XdotScanner::point()
 QPolygonF XdotScanner::points()
 {
     QPolygonF polygon;
-    for (int left = integer(); left > 0 && !atEnd(); --left)
+    for (int left = integer(); left > 0 && !m_failed; --left)
         polygon << point();
     return polygon;
 }

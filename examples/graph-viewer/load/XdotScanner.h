@@ -36,7 +36,7 @@ private:
 
     QByteArray m_text;
     QTransform m_toScene;
-    int m_at = 0;
+    qsizetype m_at = 0;
     bool m_failed = false;
 };
 

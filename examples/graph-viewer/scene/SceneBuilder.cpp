@@ -42,7 +42,7 @@ QRectF areaOf(const Drawing &drawing)
 
 QRect wholeUnits(const QRectF &area)
 {
-    const QRect rect = area.toAlignedRect();
+    const QRect rect = area.toRect();
     return {rect.topLeft(), rect.size().expandedTo(QSize(1, 1))};
 }
 

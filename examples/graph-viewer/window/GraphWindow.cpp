@@ -38,6 +38,7 @@ QString counted(qsizetype count, const QString &one, const QString &many)
 GraphWindow::GraphWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_view(new GraphView(this))
+    , m_hover(new HoverTracker(m_view))
     , m_actions(new WindowActions(this))
 {
     setWindowTitle(tr("Graph viewer"));
@@ -48,15 +49,16 @@ GraphWindow::GraphWindow(QWidget *parent)
     connectActions();
 
     connect(&m_layout, &LayoutProcess::finished, this, &GraphWindow::handleLayout);
-    auto *hover = new HoverTracker(m_view);
-    connect(hover, &HoverTracker::hovered, statusBar(),
+    connect(m_hover, &HoverTracker::hovered, statusBar(),
             [this](const QString &title) { statusBar()->showMessage(title); });
     statusBar()->showMessage(tr("Open a graph file, or drop one here."));
 }
 
-// The viewer lets go of its content before the content goes.
+// The view goes before its content, and the tracker before the view: a widget under the mouse still
+// gets a leave event while it is being destroyed.
 GraphWindow::~GraphWindow()
 {
+    delete m_hover;
     delete m_view;
 }
 

@@ -71,6 +71,7 @@ private:
     QString m_shownEngine;
     std::unique_ptr<GraphScene> m_scene;
     GraphView *m_view;
+    HoverTracker *m_hover;
     WindowActions *m_actions;
     QLabel *m_summary = nullptr;
     QLabel *m_scale = nullptr;
