@@ -10,6 +10,8 @@ AncestorHelper::AncestorHelper(Figure *figure, QObject *parent)
     : QObject(parent)
     , m_figure(figure)
 {
+    if (!figure)
+        return;
     AncestorHelper::addAncestors(figure);
     connect(this, &AncestorHelper::ancestorAdded, figure, &Figure::ancestorAdded);
     connect(this, &AncestorHelper::ancestorMoved, figure, &Figure::ancestorMoved);
@@ -92,15 +94,15 @@ void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant
     if (propertyName != Figure::PROPERTY_PARENT)
         return;
 
-    // A listener may give up watching while it is told, which deletes this helper.
+    // A listener may give up watching while it is told, which deletes this helper, or destroy the
+    // new parent.
     const QPointer<AncestorHelper> alive(this);
+    const QPointer<Figure> newParent(qobject_cast<Figure *>(newValue.value<QObject *>()));
     if (auto *oldParent = qobject_cast<Figure *>(oldValue.value<QObject *>())) {
         removeAncestors(oldParent);
         Q_EMIT ancestorRemoved(oldParent);
     }
-    if (!alive)
-        return;
-    if (auto *newParent = qobject_cast<Figure *>(newValue.value<QObject *>())) {
+    if (alive && newParent) {
         addAncestors(newParent);
         Q_EMIT ancestorAdded(newParent);
     }

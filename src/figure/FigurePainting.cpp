@@ -168,7 +168,8 @@ void Figure::validate()
 
     const QPointer<Figure> alive(this);
     layout();
-    walkChildren(this, [](Figure *child) { child->validate(); });
+    if (alive)
+        walkChildren(this, [](Figure *child) { child->validate(); });
     if (alive)
         setValid(true);
 }

@@ -12,15 +12,20 @@
 namespace Velmora::Figura {
 namespace {
 
-// A listener that is taken off while the others are told is not told any more.
+/// Calls \a tell with each listener of \a layout.
+///
+/// A listener that is taken off while the others are told is not told any more. False when one of
+/// them has destroyed the layout, which ends the round.
 template<typename Tell>
-void tellAll(const QList<ILayoutListener *> &listeners, Tell tell)
+bool tellAll(Layout *layout, const QList<ILayoutListener *> &listeners, Tell tell)
 {
+    const QPointer<Layout> alive(layout);
     const QList<ILayoutListener *> snapshot = listeners;
     for (ILayoutListener *listener : snapshot) {
-        if (listeners.contains(listener))
+        if (alive && listeners.contains(listener))
             tell(listener);
     }
+    return !alive.isNull();
 }
 
 // Children leave from either end far more often than from the middle.
@@ -126,7 +131,10 @@ bool Layout::remove(Figure *child)
 
     const QPointer<Layout> alive(this);
     const QPointer<Figure> guarded(child);
-    tellAll(m_listeners, [this](ILayoutListener *listener) { listener->remove(m_figure); });
+    if (!tellAll(this, m_listeners,
+                 [this](ILayoutListener *listener) { listener->remove(m_figure); }))
+        return true;
+
     const QMetaObject::Connection watch = dismiss(child);
     if (guarded && isNotified(m_figure)) {
         child->removeNotify();
@@ -192,10 +200,12 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
     if (!getHelper(child))
         return false;
 
-    if (!sameConstraint(getHelper(child)->getConstraint(), constraint)) {
-        tellAll(m_listeners,
-                [&](ILayoutListener *listener) { listener->setConstraint(m_figure, constraint); });
-    }
+    const bool differs = !sameConstraint(getHelper(child)->getConstraint(), constraint);
+    if (differs && !tellAll(this, m_listeners, [&](ILayoutListener *listener) {
+            listener->setConstraint(m_figure, constraint);
+        }))
+        return true;
+
     if (LayoutHelper *helper = getHelper(child)) {
         QObject *replaced = helper->m_object;
         helper->setConstraint(constraint);
@@ -297,10 +307,15 @@ bool Layout::layout(Figure *container)
         return true;
 
     const QPointer<Layout> alive(this);
+    const QPointer<Figure> guarded(container);
     bool takenOver = false;
-    tellAll(m_listeners, [container, &takenOver](ILayoutListener *listener) {
-        takenOver = listener->layout(container) || takenOver;
+    const bool told = tellAll(this, m_listeners, [&](ILayoutListener *listener) {
+        if (guarded)
+            takenOver = listener->layout(container) || takenOver;
     });
+    if (!told || !guarded)
+        return false;
+
     if (!takenOver) {
         QRect area = container->getClientArea();
         container->translateFromParent(area);
@@ -309,14 +324,19 @@ bool Layout::layout(Figure *container)
             return false;
         m_laidOut = laidOut;
     }
-    tellAll(m_listeners,
-            [container](ILayoutListener *listener) { listener->postLayout(container); });
-    return m_laidOut;
+    const bool laidOut = m_laidOut;
+    tellAll(this, m_listeners, [&](ILayoutListener *listener) {
+        if (guarded)
+            listener->postLayout(container);
+    });
+    return laidOut;
 }
 
 void Layout::invalidate()
 {
-    tellAll(m_listeners, [this](ILayoutListener *listener) { listener->invalidate(m_figure); });
+    if (!tellAll(this, m_listeners,
+                 [this](ILayoutListener *listener) { listener->invalidate(m_figure); }))
+        return;
     m_laidOut = false;
     m_preferredSize = QSize();
     m_minimumSize = QSize();
