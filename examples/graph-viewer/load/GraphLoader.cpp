@@ -18,12 +18,15 @@ struct CloseGraph
 {
     void operator()(Agraph_t *graph) const { agclose(graph); }
 };
-struct FreeContext
-{
-    void operator()(GVC_t *context) const { gvFreeContext(context); }
-};
 using GraphPointer = std::unique_ptr<Agraph_t, CloseGraph>;
-using ContextPointer = std::unique_ptr<GVC_t, FreeContext>;
+
+// One for as long as the process lives: the engine's text plugin remembers the name of the last
+// font beyond the end of the context that owns it.
+GVC_t *engineContext()
+{
+    static GVC_t *const context = gvContext();
+    return context;
+}
 
 // A layout must go before its graph does.
 class Layout
@@ -145,7 +148,7 @@ LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) con
 {
     const DecimalPoint decimalPoint;
     const EngineMessages messages;
-    const ContextPointer context(gvContext());
+    GVC_t *const context = engineContext();
     agreadline(1); // an earlier text has left its own line number
     const GraphPointer graph(agmemread(text.constData()));
     if (!graph) {
@@ -159,7 +162,7 @@ LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) con
 
     const QByteArray engine = settleEngine(graph.get(), m_engine);
     settleImagePath(graph.get(), folder);
-    const Layout layout(context.get(), graph.get(), engine);
+    const Layout layout(context, graph.get(), engine);
     if (!layout.attachDrawing()) {
         return LoadReply::failure(
             orElse(messages.firstError(), QStringLiteral("the layout engine refused the graph")));
