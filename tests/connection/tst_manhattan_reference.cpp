@@ -125,8 +125,8 @@ private:
 class Link
 {
 public:
-    Link(QRandomGenerator &random, const QRect &source, const QRect &target)
-        : origin(randomPoint(random, -60, 60))
+    Link(QRandomGenerator &random, const QRect &source, const QRect &target, int reach = 60)
+        : origin(randomPoint(random, -reach, reach))
         , m_place(origin)
         , m_source(source, randomKind(random), randomPoint(random, -50, 50))
         , m_target(target, randomKind(random), randomPoint(random, -50, 50))
@@ -233,13 +233,14 @@ QString compareReservations(const OpenRouter &router, const ManhattanReference &
     return QString();
 }
 
+// All in nearly the same place, so that they want the same lines.
 std::unique_ptr<Link> crowdedLink(QRandomGenerator &random)
 {
-    const int lowest = random.bounded(3) ? 100 : -40;
-    const QRect source = randomBox(random, lowest, lowest + 12, 25);
-    const QPoint way = random.bounded(3) ? QPoint(60, 0) : QPoint(0, 60);
-    return std::make_unique<Link>(random, source,
-                                  randomBox(random, lowest, lowest + 12, 25).translated(way));
+    const int lowest = random.bounded(5) ? 100 : -40;
+    const QRect source(randomPoint(random, lowest, lowest + 6), QSize(21, 21));
+    const QPoint way = random.bounded(3) ? QPoint(60, 9) : QPoint(9, 60);
+    const QRect target = randomBox(random, lowest, lowest + 6, 25).translated(way);
+    return std::make_unique<Link>(random, source, target, 2);
 }
 
 // Connections on one router, with the reference beside it.
@@ -529,7 +530,8 @@ void tst_ManhattanReference::randomSequencesOnOneRouterAgree()
         evasions += crowd.evasions;
     }
 
-    QVERIFY(evasions > SEQUENCES * STEPS / 50); // the connections do get in each other's way
+    // The connections do get in each other's way.
+    QVERIFY2(evasions > SEQUENCES * STEPS / 30, qPrintable(QString::number(evasions)));
 }
 
 void tst_ManhattanReference::displayedConnectionsAgreeWhenTheirFiguresMove()

@@ -529,6 +529,8 @@ void tst_ManhattanRouter::routeTurnsAsTheDirectionsSay_data()
                                         << Points{{100, 25}, {200, 25}, {200, 100}};
     QTest::newRow("up to right, ahead") << UP << RIGHT << QPoint(200, 100) << QPoint(100, 25)
                                         << Points{{200, 100}, {200, 25}, {100, 25}};
+    QTest::newRow("right to up, straight to the side")
+        << RIGHT << UP << QPoint(100, 50) << QPoint(200, 50) << Points{{100, 50}, {200, 50}};
     QTest::newRow("right to up, target behind")
         << RIGHT << UP << QPoint(100, 25) << QPoint(50, 100)
         << Points{{100, 25}, {110, 25}, {110, 62}, {50, 62}, {50, 100}};
