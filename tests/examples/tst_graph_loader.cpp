@@ -81,6 +81,8 @@ private Q_SLOTS:
     void textThatIsNoGraphIsRefused_data();
     void textThatIsNoGraphIsRefused();
     void anEngineThatDoesNotExistIsRefused();
+    void aGraphPlacedBeyondAllBoundsIsRefused_data();
+    void aGraphPlacedBeyondAllBoundsIsRefused();
     void moreNodesThanTheLimitAreRefused();
     void moreEdgesThanTheLimitAreRefused();
     void aFaultThatDoesNotStopTheEngineIsARemark();
@@ -366,6 +368,27 @@ void tst_GraphLoader::anEngineThatDoesNotExistIsRefused()
                  QStringLiteral("graph.gv: Layout type: \"magic\" not recognized. Use one of: ")),
              qPrintable(reply.error));
     QVERIFY(!reply.error.contains(QLatin1Char('\n')));
+}
+
+void tst_GraphLoader::aGraphPlacedBeyondAllBoundsIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("engine");
+    QTest::newRow("no number") << QByteArray("graph { a [pos=\"nan,nan\"] }")
+                               << QStringLiteral("neato");
+    QTest::newRow("too wide") << QByteArray("graph { a [width=3000000] }") << QStringLiteral("dot");
+}
+
+void tst_GraphLoader::aGraphPlacedBeyondAllBoundsIsRefused()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, engine);
+
+    const LoadReply reply = GraphFixtures::load(text, engine);
+
+    QVERIFY2(reply.error.endsWith(
+                 QStringLiteral("graph.gv: the layout engine placed the graph beyond all bounds")),
+             qPrintable(reply.error));
 }
 
 void tst_GraphLoader::moreNodesThanTheLimitAreRefused()

@@ -116,6 +116,32 @@ QString whyTooMany(Agraph_t *graph, const GraphLoader::Limits &limits)
     return {};
 }
 
+// Some attributes make the engine answer with coordinates that are no numbers, or that are more
+// than a figure's whole units can hold.
+bool isUsable(const QPointF &point)
+{
+    constexpr double farthest = 100'000'000;
+    return qAbs(point.x()) <= farthest &&
+           qAbs(point.y()) <= farthest; // false for what is no number
+}
+
+bool isUsable(const QRectF &box)
+{
+    return isUsable(box.topLeft()) && isUsable(box.bottomRight());
+}
+
+bool isUsable(const GraphModel &graph)
+{
+    const auto boxOk = [](const GraphBox &box) { return isUsable(box.box); };
+    const auto edgeOk = [](const GraphEdge &edge) {
+        return !edge.routed || (isUsable(edge.start) && isUsable(edge.end));
+    };
+    return isUsable(graph.box) &&
+           std::all_of(graph.clusters.cbegin(), graph.clusters.cend(), boxOk) &&
+           std::all_of(graph.nodes.cbegin(), graph.nodes.cend(), boxOk) &&
+           std::all_of(graph.edges.cbegin(), graph.edges.cend(), edgeOk);
+}
+
 } // namespace
 
 GraphLoader::GraphLoader(const QString &engine)
@@ -170,6 +196,10 @@ LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) con
 
     LoadReply reply;
     reply.graph = GraphReader(graph.get()).read();
+    if (!isUsable(reply.graph)) {
+        return LoadReply::failure(
+            QStringLiteral("the layout engine placed the graph beyond all bounds"));
+    }
     reply.graph.engine = QString::fromUtf8(engine);
     reply.graph.folder = folder;
     reply.graph.remarks = messages.lines();
