@@ -629,6 +629,11 @@ void tst_FreeformWidgetScale::scaleAtPointIsUnchangedWhenNegativeOrEqual()
     QCOMPARE(scene.widget()->setScaleAt(1, QPoint(10, 10)), 1.0);
 
     QCOMPARE(text(scene), before);
+
+    // Clamped it would be 0.5.
+    scene.widget()->setScaleBounds(0.5, 4);
+    QCOMPARE(scene.widget()->setScaleAt(-1, QPoint(10, 10)), 1.0);
+    QCOMPARE(text(scene), before);
 }
 
 void tst_FreeformWidgetScale::scaleAtPointIsUnchangedWithoutExtent()

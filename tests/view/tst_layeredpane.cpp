@@ -117,6 +117,7 @@ private Q_SLOTS:
     void removeLayerKnowsNoOtherKeys();
     void removeLayerLeavesNestedPanesAlone();
     void removedNestedPaneIsNotSearchedAnyMore();
+    void nestedPaneThatIsAddedAgainIsSearchedLast();
     void removeLayerIsCaseSensitive();
     void figureRemoveLeavesTheKey();
 
@@ -565,6 +566,24 @@ void tst_LayeredPane::removedNestedPaneIsNotSearchedAnyMore()
     QCOMPARE(pane.removeLayer(b), &nested);
 
     QCOMPARE(pane.getLayer(a), nullptr);
+}
+
+void tst_LayeredPane::nestedPaneThatIsAddedAgainIsSearchedLast()
+{
+    Layer firstInner;
+    Layer secondInner;
+    LayeredPane first;
+    LayeredPane second;
+    LayeredPane pane;
+    first.addLayer(&firstInner, a);
+    second.addLayer(&secondInner, a);
+    pane.addLayer(&first, b);
+    pane.addLayer(&second, c);
+
+    pane.removeLayer(b);
+    pane.addLayer(&first, b);
+
+    QCOMPARE(pane.getLayer(a), &secondInner);
 }
 
 void tst_LayeredPane::removeLayerIsCaseSensitive()

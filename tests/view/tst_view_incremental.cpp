@@ -5,6 +5,7 @@
 
 #include <countingfigure.h>
 
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QTest>
@@ -174,6 +175,10 @@ private Q_SLOTS:
     void changesLeaveThePixelsOfAFullRepaint();
     void scrolledViewLeavesThePixelsOfAFullRepaint();
     void changedGridLeavesThePixelsOfAFullRepaint();
+    void scrolledHighlightLeavesThePixelsOfAFullRepaint_data();
+    void scrolledHighlightLeavesThePixelsOfAFullRepaint();
+    void movedFigureLeavesNoTrailAtAnyScale_data();
+    void movedFigureLeavesNoTrailAtAnyScale();
     void movedFigureIsPaintedWhereItWentAndGoneWhereItWas();
     void figuresOutsideTheDamageAreNotPainted();
     void childrenOutsideTheDamageAreNotPainted();
@@ -241,6 +246,70 @@ void tst_ViewIncremental::changedGridLeavesThePixelsOfAFullRepaint()
     screen.scene.pane.setDrawGrid(false);
     const QImage incremental = screen.incremental();
     QVERIFY(differenceOf(incremental, screen.full()).isNull());
+}
+
+void tst_ViewIncremental::scrolledHighlightLeavesThePixelsOfAFullRepaint_data()
+{
+    QTest::addColumn<int>("highlightStyle");
+    QTest::newRow("focus frame") << 0;
+    QTest::newRow("rubber band") << 1;
+}
+
+// The frame belongs to the visible part, while Qt would scroll its pixels along with the rest.
+void tst_ViewIncremental::scrolledHighlightLeavesThePixelsOfAFullRepaint()
+{
+    QFETCH(int, highlightStyle);
+    Screen screen;
+    screen.scene.addFigure(QRect(33, 44, 55, 66), Qt::red);
+    QVERIFY(screen.isShown);
+    screen.scene.viewer.setHighlightStyle(highlightStyle);
+    screen.scene.viewer.setHighlighted(true);
+    screen.scene.widget()->ensureViewable(QRect(0, 0, 900, 800), false, true);
+
+    for (const QPoint &offset : {QPoint(37, 0), QPoint(37, 23), QPoint(0, 0), QPoint(300, 200)}) {
+        screen.scene.scrollTo(offset);
+        const QImage incremental = screen.incremental();
+        QVERIFY(differenceOf(incremental, screen.full()).isNull());
+    }
+}
+
+void tst_ViewIncremental::movedFigureLeavesNoTrailAtAnyScale_data()
+{
+    QTest::addColumn<double>("scale");
+    for (double scale : {0.37, 0.5, 0.8, 1.0, 1.3, 1.75, 2.0, 3.3})
+        QTest::addRow("%g", scale) << scale;
+}
+
+// At other scales than 1 units and pixels do not end together, and half of a line is outside.
+void tst_ViewIncremental::movedFigureLeavesNoTrailAtAnyScale()
+{
+    QFETCH(double, scale);
+    const QColor ground(250, 250, 240);
+    Screen screen;
+    QVERIFY(screen.isShown);
+    Figure *figure = screen.scene.addFigure(QRect(10, 10, 23, 17), Qt::red);
+    figure->setBorder(new SimpleBorder(figure, 1));
+    QPoint topLeft;
+    screen.scene.viewer.setScale(scale, &topLeft);
+    screen.incremental();
+
+    for (int step = 1; step <= 14; ++step) {
+        figure->setBounds(QRect(10 + step * 5, 10 + step * 3 % 40, 23, 17));
+        screen.incremental();
+    }
+
+    QImage image = screen.incremental();
+    const QRect left = screen.scene.viewer.fromContent(figure->getBounds()).adjusted(-6, -6, 6, 6);
+    QCOMPARE(image.pixelColor(left.center()), QColor(Qt::red));
+    QPainter(&image).fillRect(left, ground);
+    QImage empty(image.size(), image.format());
+    empty.fill(ground);
+    const QRect trail = differenceOf(image, empty);
+    QVERIFY2(trail.isNull(), qPrintable(QStringLiteral("(%1, %2) %3 x %4")
+                                            .arg(trail.x())
+                                            .arg(trail.y())
+                                            .arg(trail.width())
+                                            .arg(trail.height())));
 }
 
 void tst_ViewIncremental::movedFigureIsPaintedWhereItWentAndGoneWhereItWas()
