@@ -180,6 +180,7 @@ private Q_SLOTS:
     void movedFigureLeavesNoTrailAtAnyScale_data();
     void movedFigureLeavesNoTrailAtAnyScale();
     void movedFigureIsPaintedWhereItWentAndGoneWhereItWas();
+    void damageSmallerThanAUnitIsPaintedToo();
     void figuresOutsideTheDamageAreNotPainted();
     void childrenOutsideTheDamageAreNotPainted();
     void hiddenFigureIsNeverPainted();
@@ -327,6 +328,24 @@ void tst_ViewIncremental::movedFigureIsPaintedWhereItWentAndGoneWhereItWas()
     QCOMPARE(image.pixelColor(100, 120), QColor(Qt::red));
     QCOMPARE(image.pixelColor(129, 149), QColor(Qt::red));
     QCOMPARE(image.pixelColor(130, 150), QColor(250, 250, 240));
+}
+
+// Rounded to the nearest units it would be empty.
+void tst_ViewIncremental::damageSmallerThanAUnitIsPaintedToo()
+{
+    Screen screen;
+    CountingFigure figure(nullptr, Qt::red);
+    QPoint topLeft;
+    QVERIFY(screen.isShown);
+    screen.scene.layer.add(&figure, QRect(0, 0, 60, 50));
+    screen.scene.viewer.setScale(4, &topLeft);
+    screen.incremental();
+
+    for (int x = 220; x < 228; ++x) {
+        figure.resetCalls();
+        screen.scene.widget()->repaint(QRect(x, 300, 1, 1));
+        QCOMPARE(figure.calls().drawFigure, 1);
+    }
 }
 
 void tst_ViewIncremental::figuresOutsideTheDamageAreNotPainted()
