@@ -89,6 +89,7 @@ private Q_SLOTS:
     void leavingTheCanvasPutsTheLightOut();
     void openingAnotherFileForgetsTheElementUnderTheMouse();
     void theGridIsShownAndHiddenAndStays();
+    void theGridGetsCoarserWhenZoomedOut();
     void anEngineOfTheMenuLaysOutAnew();
     void aDroppedFileIsOpened();
     void whatIsNoSingleFileCannotBeDropped();
@@ -99,6 +100,7 @@ private Q_SLOTS:
     void aPdfHoldsTheGraph();
     void aPdfThatCannotBeWrittenIsAMessage();
     void theCopiedPictureIsTheGraph();
+    void theLightOfTheMouseIsNoPartOfThePicture();
     void aGraphTooLargeForAPictureIsNotCopied();
 
 private:
@@ -375,8 +377,10 @@ void tst_GraphWindow::theGridIsShownAndHiddenAndStays()
     const auto hasGrid = [this] {
         const QImage image = view()->viewport()->grab().toImage();
         int gray = 0;
-        for (int x = 0; x < image.width(); ++x)
-            gray += image.pixelColor(x, 7) == QColor(Qt::gray);
+        for (int y = 0; y < 60; ++y) {
+            for (int x = 0; x < 60; ++x)
+                gray += image.pixelColor(x, y) == QColor(Qt::gray);
+        }
         return gray > 20;
     };
     open(flow);
@@ -390,6 +394,23 @@ void tst_GraphWindow::theGridIsShownAndHiddenAndStays()
 
     press(QStringLiteral("Ctrl+G"));
     QVERIFY(!hasGrid());
+}
+
+void tst_GraphWindow::theGridGetsCoarserWhenZoomedOut()
+{
+    open(largeGraph());
+    press(QStringLiteral("Ctrl+G"));
+
+    for (double scale : {2.0, 1.0, 0.3, 0.05}) {
+        view()->setScale(scale);
+        const QImage image = view()->viewport()->grab().toImage();
+        int white = 0;
+        for (int y = 0; y < 100; ++y) {
+            for (int x = 0; x < 100; ++x)
+                white += image.pixelColor(x, y) == QColor(Qt::white);
+        }
+        QVERIFY2(white > 6000, qPrintable(QStringLiteral("%1: %2").arg(scale).arg(white)));
+    }
 }
 
 void tst_GraphWindow::anEngineOfTheMenuLaysOutAnew()
@@ -556,6 +577,23 @@ void tst_GraphWindow::theCopiedPictureIsTheGraph()
     const QSize margins(40, 40);
     QCOMPARE(image.size(), view()->scene()->area().size() + margins);
     QCOMPARE(image.pixelColor(22, 22), QColor(0x40, 0xc0, 0x80));
+}
+
+void tst_GraphWindow::theLightOfTheMouseIsNoPartOfThePicture()
+{
+    const auto copied = [this] {
+        press(QStringLiteral("Ctrl+C"));
+        return qvariant_cast<QImage>(QApplication::clipboard()->mimeData()->imageData());
+    };
+    open(flow);
+    const QImage before = copied();
+    ElementFigure *mine = element(QStringLiteral("mine"));
+    hover(place(mine));
+    QTRY_VERIFY(mine->isClientAreaHighlighted());
+
+    const QImage after = copied();
+
+    QCOMPARE(after, before);
 }
 
 void tst_GraphWindow::aGraphTooLargeForAPictureIsNotCopied()

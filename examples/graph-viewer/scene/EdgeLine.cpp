@@ -1,5 +1,7 @@
 #include "EdgeLine.h"
 
+#include "DashPattern.h"
+
 #include <QTransform>
 
 namespace GraphViewer {
@@ -18,6 +20,12 @@ QRect EdgeLine::getBoundingRect()
 {
     const int reach = getLineWidth() / 2 + 1;
     return getBounds().adjusted(-reach, -reach, reach, reach);
+}
+
+void EdgeLine::drawShape(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    DashPattern::apply(painter);
+    PolylineF::drawShape(painter, option);
 }
 
 QList<QPolygonF> EdgeLine::flatten(const QPainterPath &path)

@@ -19,6 +19,9 @@ public:
 
     /// The lines of \a path, close enough to its curves for eight times their size.
     static QList<QPolygonF> flatten(const QPainterPath &path);
+
+protected:
+    void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const override;
 };
 
 } // namespace GraphViewer

@@ -1,5 +1,7 @@
 #include "OutlineFigure.h"
 
+#include "DashPattern.h"
+
 #include <QPainter>
 
 namespace GraphViewer {
@@ -68,6 +70,7 @@ void OutlineFigure::drawShape(QPainter *painter, const QStyleOptionViewItem &opt
         brush.setTransform(QTransform::fromTranslate(now.x() - then.x(), now.y() - then.y()));
         painter->setBrush(brush);
     }
+    DashPattern::apply(painter);
     Shape::drawShape(painter, option);
 }
 

@@ -28,6 +28,16 @@ QString droppedFile(const QMimeData *data)
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
 }
 
+// Coarser when zoomed out: lines closer than a few pixels would be one grey area.
+int gridStep(double scale)
+{
+    constexpr double fewPixels = 8;
+    int step = 10;
+    while (step * scale < fewPixels)
+        step *= 5;
+    return step;
+}
+
 QString counted(qsizetype count, const QString &one, const QString &many)
 {
     return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? one : many);
@@ -89,6 +99,8 @@ void GraphWindow::connectActions()
     connect(m_actions->fit, &QAction::triggered, m_view, &GraphView::scaleToFit);
     connect(m_actions->normalSize, &QAction::triggered, m_view, &GraphView::scaleToNormal);
     connect(m_actions->grid, &QAction::toggled, this, &GraphWindow::showGrid);
+    connect(m_view, &GraphView::scaleChanged, this,
+            [this] { showGrid(m_actions->grid->isChecked()); });
     connect(m_actions, &WindowActions::engineChosen, this, [this](const QString &engine) {
         setEngine(engine);
         layOut();
@@ -159,9 +171,9 @@ void GraphWindow::handleLayout(const LoadReply &reply)
 void GraphWindow::showGraph(const GraphModel &graph)
 {
     std::unique_ptr<GraphScene> scene = SceneBuilder(graph).build();
-    scene->content()->setDrawGrid(m_actions->grid->isChecked());
     m_view->setScene(scene.get());
     m_scene = std::move(scene); // the former one goes after the view has let go of it
+    showGrid(m_actions->grid->isChecked());
     m_actions->setGraphPresent(true);
     m_shownEngine = graph.engine;
     m_actions->setEngine(m_shownEngine);
@@ -186,8 +198,10 @@ QString GraphWindow::caption() const
 
 void GraphWindow::showGrid(bool on)
 {
-    if (m_scene)
-        m_scene->content()->setDrawGrid(on);
+    if (!m_scene)
+        return;
+    m_scene->content()->setSnapSize(gridStep(m_view->getScale()));
+    m_scene->content()->setDrawGrid(on);
 }
 
 void GraphWindow::complain(const QString &message)
@@ -222,10 +236,17 @@ void GraphWindow::askForPdf()
 
 QString GraphWindow::exportPdf(const QString &path)
 {
-    const QString error = PictureExport(m_view, caption()).writePdf(path);
+    const QString error = pictureExport().writePdf(path);
     if (error.isEmpty())
         statusBar()->showMessage(tr("Written to %1").arg(path));
     return error;
+}
+
+// What the mouse happens to be over is no part of the picture.
+PictureExport GraphWindow::pictureExport()
+{
+    m_hover->reset();
+    return {m_view, caption()};
 }
 
 void GraphWindow::askForPrinter()
@@ -233,13 +254,13 @@ void GraphWindow::askForPrinter()
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() == QDialog::Accepted)
-        PictureExport(m_view, caption()).print(&printer);
+        pictureExport().print(&printer);
 }
 
 void GraphWindow::copyPicture()
 {
     auto picture = std::make_unique<QMimeData>();
-    const QString error = PictureExport(m_view, caption()).copyTo(picture.get());
+    const QString error = pictureExport().copyTo(picture.get());
     if (!error.isEmpty()) {
         complain(error);
         return;

@@ -13,6 +13,7 @@ namespace GraphViewer {
 class GraphScene;
 class GraphView;
 class HoverTracker;
+class PictureExport;
 class WindowActions;
 
 /// The main window: shows one graph file at a time.
@@ -57,6 +58,7 @@ private:
     void askForFile();
     void askForPdf();
     void askForPrinter();
+    PictureExport pictureExport();
     QString caption() const;
 
     struct Request

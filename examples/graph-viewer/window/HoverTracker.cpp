@@ -19,12 +19,17 @@ HoverTracker::HoverTracker(GraphView *view)
     view->canvas()->installEventFilter(this);
 }
 
+void HoverTracker::reset()
+{
+    setElement(nullptr);
+}
+
 bool HoverTracker::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_view && event->type() == QEvent::HoverMove)
         moveTo(static_cast<QHoverEvent *>(event)->position());
     else if (watched == m_view->canvas() && event->type() == QEvent::Leave)
-        setElement(nullptr);
+        reset();
     return QObject::eventFilter(watched, event);
 }
 

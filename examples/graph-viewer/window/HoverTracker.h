@@ -16,6 +16,8 @@ class HoverTracker : public QObject
 public:
     explicit HoverTracker(GraphView *view);
 
+    void reset(); ///< Puts the light out until the mouse moves again.
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
