@@ -119,6 +119,7 @@ double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const 
     if (!extent.isValid())
         return m_scale;
 
+    const bool wasResizing = m_resizing; // a slot may zoom again while we tell of the first zoom
     m_resizing = true;
     extent = withMargins(extent);
     QRect view = viewRect();
@@ -142,7 +143,7 @@ double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const 
         const QPoint corner = fromLogical(QPointF(view.topLeft())).toPoint();
         m_viewer->updateScrollBars(corner.x(), corner.y());
     }
-    m_resizing = false;
+    m_resizing = wasResizing;
     return scale;
 }
 
