@@ -48,7 +48,7 @@ case "${1:-}" in
     usage
     exit 0
     ;;
-"" | -*) set -- "$root/examples/graph-viewer/samples/modules.gv" "$@" ;;
+"" | -*) set -- "$root/examples/graph-viewer/samples/build-pipeline.gv" "$@" ;;
 esac
 
 "$root/scripts/install-dependencies.sh" || exit 1
