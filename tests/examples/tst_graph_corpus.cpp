@@ -1,6 +1,7 @@
 #include "graphfixtures.h"
 
 #include "load/LayoutProcess.h"
+#include "scene/EdgeConnection.h"
 #include "scene/SceneBuilder.h"
 #include "window/GraphView.h"
 
@@ -31,6 +32,8 @@ private Q_SLOTS:
     void graphIsAsTheEngineSays();
     void graphIsPainted_data() { graphIsAsTheEngineSays_data(); }
     void graphIsPainted();
+    void graphIsPaintedInEveryRouting_data() { graphIsAsTheEngineSays_data(); }
+    void graphIsPaintedInEveryRouting();
 
 private:
     QStringList m_files;
@@ -265,6 +268,16 @@ QStringList differencesOfClusters(const GraphModel &graph, const QJsonObject &ro
     return differences;
 }
 
+int inkOf(const QImage &image, const QRect &area)
+{
+    int ink = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x)
+            ink += image.pixelColor(x, y) != QColor(Qt::white);
+    }
+    return ink;
+}
+
 } // namespace
 
 void tst_GraphCorpus::initTestCase()
@@ -324,12 +337,30 @@ void tst_GraphCorpus::graphIsPainted()
     QVERIFY(view.viewport()->rect().contains(all.adjusted(2, 2, -2, -2)));
     for (const QRect &half : {all.adjusted(0, 0, 0, -all.height() / 2 + 2),
                               all.adjusted(0, all.height() / 2 - 2, 0, 0)}) {
-        int ink = 0;
-        for (int y = half.top(); y <= half.bottom(); ++y) {
-            for (int x = half.left(); x <= half.right(); ++x)
-                ink += image.pixelColor(x, y) != QColor(Qt::white);
-        }
+        const int ink = inkOf(image, half);
         QVERIFY2(ink > 20, qPrintable(QString::number(ink)));
+    }
+}
+
+void tst_GraphCorpus::graphIsPaintedInEveryRouting()
+{
+    QFETCH(QString, path);
+    const LoadReply reply = load(path);
+    QVERIFY2(reply.ok(), qPrintable(reply.error));
+    const auto scene = SceneBuilder(reply.graph).build();
+    GraphView view;
+    view.resize(1000, 800);
+    view.setScene(scene.get());
+    view.show();
+
+    for (Routing routing : {Routing::Straight, Routing::Manhattan, Routing::Engine}) {
+        scene->setRouting(routing);
+        const QImage image = view.grab().toImage();
+        QVERIFY(inkOf(image, view.fromContent(scene->area()) & image.rect()) > 20);
+        for (EdgeConnection *edge : scene->edges()) {
+            QVERIFY2(edge->getBounds().isValid(), qPrintable(edge->title()));
+            QVERIFY2(edge->getPointCount() >= 2, qPrintable(edge->title()));
+        }
     }
 }
 

@@ -251,6 +251,8 @@ void tst_GraphProgram::whatMakesNoSenseIsOneLine_data()
     QTest::addColumn<QString>("error");
     QTest::newRow("option") << QStringList{"--nosuch"} << "Unknown option 'nosuch'.";
     QTest::newRow("engine") << QStringList{"--engine", "steam", "x.gv"} << "unknown engine 'steam'";
+    QTest::newRow("routing") << QStringList{"--routing", "curly", "x.gv"}
+                             << "unknown routing 'curly'";
     QTest::newRow("two files") << QStringList{"a.gv", "b.gv"} << "more than one file";
     QTest::newRow("nothing to render") << QStringList{"--render", "x.png"} << "no file to render";
     QTest::newRow("time") << QStringList{"--timeout", "soon", "x.gv"}
@@ -277,7 +279,8 @@ void tst_GraphProgram::helpTellsWhatThereIs()
 
     QCOMPARE(outcome.exitCode, 0);
     QCOMPARE(outcome.errors, QString());
-    for (const char *word : {"--engine", "--render", "--timeout", "twopi", "[file]"})
+    for (const char *word :
+         {"--engine", "--routing", "manhattan", "--render", "--timeout", "twopi", "[file]"})
         QVERIFY2(outcome.output.contains(QLatin1String(word)), word);
 }
 

@@ -1,5 +1,6 @@
 #include "graphfixtures.h"
 
+#include "scene/EdgeConnection.h"
 #include "scene/GraphScene.h"
 #include "window/GraphView.h"
 #include "window/GraphWindow.h"
@@ -13,6 +14,7 @@
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
@@ -91,6 +93,7 @@ private Q_SLOTS:
     void theGridIsShownAndHiddenAndStays();
     void theGridGetsCoarserWhenZoomedOut();
     void anEngineOfTheMenuLaysOutAnew();
+    void aRoutingOfTheMenuIsKeptForTheNextGraph();
     void aDroppedFileIsOpened();
     void whatIsNoSingleFileCannotBeDropped();
     void aFileThatCannotBeShownIsAMessageAndChangesNothing();
@@ -106,7 +109,8 @@ private Q_SLOTS:
 private:
     void open(const QByteArray &text, const QString &name = QStringLiteral("graph.gv"));
     ElementFigure *element(const QString &title) const;
-    QPoint place(ElementFigure *element) const;
+    Element *edge(const QString &title) const;
+    QPoint place(Element *element) const;
     void hover(const QPoint &point) const;
     void press(const QString &keys) const;
     GraphView *view() const { return m_window->view(); }
@@ -140,7 +144,7 @@ void tst_GraphWindow::open(const QByteArray &text, const QString &name)
 
 ElementFigure *tst_GraphWindow::element(const QString &title) const
 {
-    for (Kind kind : {Kind::Cluster, Kind::Node, Kind::Edge, Kind::Label}) {
+    for (Kind kind : {Kind::Cluster, Kind::Node, Kind::Label}) {
         for (ElementFigure *candidate : view()->scene()->elements(kind)) {
             if (candidate->title() == title)
                 return candidate;
@@ -149,8 +153,17 @@ ElementFigure *tst_GraphWindow::element(const QString &title) const
     qFatal("nothing is called %s", qPrintable(title));
 }
 
+Element *tst_GraphWindow::edge(const QString &title) const
+{
+    for (EdgeConnection *candidate : view()->scene()->edges()) {
+        if (candidate->title() == title)
+            return candidate;
+    }
+    qFatal("no edge is called %s", qPrintable(title));
+}
+
 // In the coordinates of the canvas, which is what the mouse is over.
-QPoint tst_GraphWindow::place(ElementFigure *element) const
+QPoint tst_GraphWindow::place(Element *element) const
 {
     return view()->canvas()->fromLogical(QPointF(element->absoluteRect().center())).toPoint();
 }
@@ -338,7 +351,7 @@ void tst_GraphWindow::theTitleOfTheElementUnderTheMouseIsInTheStatusBar()
     QTRY_COMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("cluster_x: Stage"));
     QVERIFY(!element(QStringLiteral("mine"))->isClientAreaHighlighted());
 
-    hover(place(element(QStringLiteral("mine -> mill"))));
+    hover(place(edge(QStringLiteral("mine -> mill"))));
     QTRY_COMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("mine -> mill"));
 
     hover(QPoint(1, 1));
@@ -432,6 +445,27 @@ void tst_GraphWindow::anEngineOfTheMenuLaysOutAnew()
     QCOMPARE(label("summary"), QStringLiteral("circo, 3 nodes, 2 edges"));
     QVERIFY(action("circo")->isChecked());
     QVERIFY(!action("dot")->isChecked());
+}
+
+void tst_GraphWindow::aRoutingOfTheMenuIsKeptForTheNextGraph()
+{
+    open(flow);
+    QCOMPARE(view()->scene()->routing(), Routing::Engine);
+    QAction *manhattan = nullptr;
+    for (QMenu *menu : m_window->menuBar()->findChildren<QMenu *>()) {
+        for (QAction *action : menu->actions()) {
+            if (action->text() == QLatin1String("manhattan"))
+                manhattan = action;
+        }
+    }
+    QVERIFY(manhattan);
+
+    manhattan->trigger();
+    QCOMPARE(view()->scene()->routing(), Routing::Manhattan);
+
+    open("digraph { other -> one }");
+    QCOMPARE(view()->scene()->routing(), Routing::Manhattan);
+    QVERIFY(manhattan->isChecked());
 }
 
 void tst_GraphWindow::aDroppedFileIsOpened()

@@ -16,6 +16,13 @@ struct GraphBox
     Drawing label;
 };
 
+/// What an edge has at its tail or at its head.
+struct EdgeEnd
+{
+    QString arrow; ///< As in the graph file; "none" for none.
+    Drawing label;
+};
+
 struct GraphEdge
 {
     int tail = -1; ///< An index into the nodes.
@@ -24,9 +31,13 @@ struct GraphEdge
     bool routed = false; ///< Some edges get no line: only routed ones have ends.
     QPointF start;       ///< At the tail, with the arrow head if there is one.
     QPointF end;
+    QPainterPath curve; ///< The middle of the line, without the arrow heads.
     Drawing line;
     Drawing arrows;
     Drawing label;
+    double arrowSize = 1;
+    EdgeEnd atTail;
+    EdgeEnd atHead;
 };
 
 /// A graph with its layout, in points, y downwards, the top left corner at (0, 0).

@@ -45,7 +45,7 @@ GraphModel GraphReader::read()
     m_model.name = withoutMadeUpName(text(agnameof(m_graph)));
     m_model.directed = agisdirected(m_graph);
     m_model.box = toScene(box.LL.x, box.LL.y, box.UR.x, box.UR.y);
-    m_model.edgesFirst = attribute("outputorder") == QLatin1String("edgesfirst");
+    m_model.edgesFirst = attribute(m_graph, "outputorder") == QLatin1String("edgesfirst");
     readBackground();
     readClusters(m_graph);
     readNodes();
@@ -57,7 +57,7 @@ void GraphReader::readBackground()
 {
     m_model.background = drawing(m_graph, {"_draw_"});
     m_model.label = drawing(m_graph, {"_ldraw_"});
-    if (attribute("bgcolor").isEmpty())
+    if (attribute(m_graph, "bgcolor").isEmpty())
         m_model.background.strokes.removeIf(isPaper);
 }
 
@@ -118,7 +118,11 @@ GraphEdge GraphReader::readEdge(Agedge_s *edge)
                   text(agnameof(aghead(edge)));
     result.line = drawing(edge, {"_draw_"});
     result.arrows = drawing(edge, {"_tdraw_", "_hdraw_"});
-    result.label = drawing(edge, {"_ldraw_", "_tldraw_", "_hldraw_"});
+    result.label = drawing(edge, {"_ldraw_"});
+    result.atTail = readEnd(edge, false);
+    result.atHead = readEnd(edge, true);
+    const QString size = attribute(edge, "arrowsize");
+    result.arrowSize = size.isEmpty() ? 1 : size.toDouble();
     readEnds(edge, &result);
     return result;
 }
@@ -134,6 +138,41 @@ void GraphReader::readEnds(Agedge_s *edge, GraphEdge *result) const
     const bezier &last = curves->list[curves->size - 1];
     result->start = m_toScene.map(qt(first.sflag ? first.sp : first.list[0]));
     result->end = m_toScene.map(qt(last.eflag ? last.ep : last.list[last.size - 1]));
+    for (int i = 0; i < curves->size; ++i)
+        readCurve(curves->list[i], &result->curve);
+}
+
+// Several curves are those of an edge that is interrupted; we run straight over the gap.
+void GraphReader::readCurve(const bezier &curve, QPainterPath *path) const
+{
+    const auto point = [&](int index) { return m_toScene.map(qt(curve.list[index])); };
+    if (path->isEmpty())
+        path->moveTo(point(0));
+    else
+        path->lineTo(point(0));
+    for (int i = 0; i + 3 < curve.size; i += 3)
+        path->cubicTo(point(i + 1), point(i + 2), point(i + 3));
+}
+
+EdgeEnd GraphReader::readEnd(Agedge_s *edge, bool head)
+{
+    EdgeEnd end;
+    end.arrow = QStringLiteral("none");
+    if (hasArrow(edge, head)) {
+        const QString named = attribute(edge, head ? "arrowhead" : "arrowtail");
+        end.arrow = named.isEmpty() ? QStringLiteral("normal") : named;
+    }
+    end.label = drawing(edge, {head ? "_hldraw_" : "_tldraw_"});
+    return end;
+}
+
+bool GraphReader::hasArrow(Agedge_s *edge, bool head) const
+{
+    const QString direction = attribute(edge, "dir");
+    if (direction.isEmpty())
+        return head && m_model.directed;
+    return direction == QLatin1String("both") ||
+           direction == QLatin1String(head ? "forward" : "back");
 }
 
 QRectF GraphReader::toScene(double left, double bottom, double right, double top) const
@@ -149,9 +188,9 @@ Drawing GraphReader::drawing(void *element, std::initializer_list<const char *> 
     return result;
 }
 
-QString GraphReader::attribute(const char *name) const
+QString GraphReader::attribute(void *element, const char *name) const
 {
-    return text(agget(m_graph, const_cast<char *>(name)));
+    return text(agget(element, const_cast<char *>(name)));
 }
 
 // The engine turns labels into UTF-8, but keeps names in the graph's own encoding.

@@ -8,6 +8,7 @@
 struct Agedge_s;
 struct Agnode_s;
 struct Agraph_s;
+struct bezier;
 
 namespace GraphViewer {
 
@@ -30,7 +31,10 @@ private:
 
     QRectF toScene(double left, double bottom, double right, double top) const;
     Drawing drawing(void *element, std::initializer_list<const char *> attributes);
-    QString attribute(const char *name) const; ///< Of the graph.
+    void readCurve(const bezier &curve, QPainterPath *path) const;
+    EdgeEnd readEnd(Agedge_s *edge, bool head);
+    bool hasArrow(Agedge_s *edge, bool head) const;
+    QString attribute(void *element, const char *name) const; ///< Empty when there is none.
     QString text(const char *bytes) const;
 
     Agraph_s *m_graph;

@@ -36,9 +36,14 @@ auto members(Is<GraphBox> auto &s)
 {
     return std::tie(s.name, s.shape, s.box, s.body, s.label);
 }
+auto members(Is<EdgeEnd> auto &s)
+{
+    return std::tie(s.arrow, s.label);
+}
 auto members(Is<GraphEdge> auto &s)
 {
-    return std::tie(s.tail, s.head, s.name, s.routed, s.start, s.end, s.line, s.arrows, s.label);
+    return std::tie(s.tail, s.head, s.name, s.routed, s.start, s.end, s.curve, s.line, s.arrows,
+                    s.label, s.arrowSize, s.atTail, s.atHead);
 }
 auto members(Is<GraphModel> auto &s)
 {

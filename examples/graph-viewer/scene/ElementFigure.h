@@ -1,12 +1,13 @@
 #pragma once
 
+#include "Element.h"
 #include "OutlineFigure.h"
 
 namespace GraphViewer {
 
 /// One element of the graph: its outline, and its parts as children (texts, further outlines,
-/// pictures, the lines of an edge), which may reach beyond it.
-class ElementFigure : public OutlineFigure
+/// pictures), which may reach beyond it.
+class ElementFigure : public OutlineFigure, public Element
 {
     Q_OBJECT
 
@@ -18,14 +19,16 @@ public:
                   QObject *parent);
 
     Kind kind() const { return m_kind; }
-    QString title() const { return m_title; } ///< What the user calls it; may be empty.
-    QRect home() const { return m_box; }
+    QString title() const override { return m_title; }
+    QRect home() const { return m_box; }      ///< Where the layout engine has put it.
+    QString shape() const { return m_shape; } ///< Of a node, as in the graph file.
+    void setShape(const QString &shape) { m_shape = shape; }
 
     /// \a box is relative to the corner of this element's box.
     void addPart(Figure *part, const QRect &box);
 
-    virtual void setHot(bool hot); ///< Shows that the mouse is over it.
-    QRect absoluteRect();          ///< All that it paints, in the coordinates of the whole graph.
+    void setHot(bool hot) override;
+    QRect absoluteRect() override;
 
     QRect getBoundingRect() override;
     bool contains(const QPoint &point) const override; ///< In the outline or in a part.
@@ -36,6 +39,7 @@ private:
 
     Kind m_kind;
     QString m_title;
+    QString m_shape;
     QRect m_box;
     QMargins m_overhang; // how far the parts reach beyond the bounds
 };

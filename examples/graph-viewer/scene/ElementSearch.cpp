@@ -1,6 +1,8 @@
 #include "ElementSearch.h"
 
-#include "ElementFigure.h"
+#include "Element.h"
+
+#include <figura/figure/Figure.h>
 
 using Velmora::Figura::Figure;
 
@@ -8,7 +10,7 @@ namespace GraphViewer {
 
 bool ElementSearch::accept(const Figure *figure) const
 {
-    const auto *element = qobject_cast<const ElementFigure *>(figure);
+    const auto *element = dynamic_cast<const Element *>(figure);
     return element && !element->title().isEmpty();
 }
 
@@ -16,7 +18,7 @@ bool ElementSearch::accept(const Figure *figure) const
 bool ElementSearch::prune(const Figure *figure) const
 {
     const Figure *parent = figure->getParentFigure();
-    return parent && qobject_cast<const ElementFigure *>(parent);
+    return parent && dynamic_cast<const Element *>(parent);
 }
 
 } // namespace GraphViewer

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EdgeRouting.h"
 #include "ElementFigure.h"
 
 #include <figura/view/FreeformLayeredPane.h>
@@ -9,6 +10,8 @@ class FreeformLayer;
 }
 
 namespace GraphViewer {
+
+class EdgeLabel;
 
 /// The figures of one graph: the content of a viewer.
 ///
@@ -30,13 +33,40 @@ public:
     QRect area(); ///< What the figures cover.
 
     ElementFigure *add(std::unique_ptr<ElementFigure> element);
-    QList<ElementFigure *> elements(ElementFigure::Kind kind) const;
+    QList<ElementFigure *> elements(ElementFigure::Kind kind) const; ///< All kinds but edges.
+
+    /// For the \a lane see EdgeRouting::apply().
+    EdgeConnection *addEdge(std::unique_ptr<EdgeConnection> edge, double lane);
+    EdgeLabel *addLabel(std::unique_ptr<EdgeLabel> label, EdgeConnection *edge);
+    QList<EdgeConnection *> edges() const;
+
+    Routing routing() const { return m_routing; }
+    void setRouting(Routing routing);
+
+    /// Edges of nodes that were moved run straight where the layout engine's way was asked for.
+    void moveNode(ElementFigure *node, const QPoint &corner);
+    void settle(); ///< Has the canvas follow the nodes that were moved.
 
     /// The topmost element with a title, or null. Lines are hit from up to \a tolerance beside
     /// them.
-    ElementFigure *elementAt(const QPoint &point, int tolerance) const;
+    Element *elementAt(const QPoint &point, int tolerance) const;
 
 private:
+    struct Edge
+    {
+        EdgeConnection *figure;
+        double lane;
+        QList<EdgeLabel *> labels;
+    };
+
+    void route(const Edge &edge);
+
+    EdgeRouting m_routers;
+    Routing m_routing = Routing::Engine;
+    QList<Edge> m_edges;
+    QHash<const EdgeConnection *, qsizetype> m_edgeIndices;
+    QMultiHash<const ElementFigure *, qsizetype> m_edgesOfNode;
+    QSet<const ElementFigure *> m_movedNodes;
     Velmora::Figura::FreeformLayeredPane m_content;
     QMap<ElementFigure::Kind, Velmora::Figura::FreeformLayer *> m_layers;
 };

@@ -1,7 +1,6 @@
 #include "SceneBuilder.h"
 
-#include "EdgeFigure.h"
-#include "EdgeLine.h"
+#include "EdgeConnection.h"
 #include "PictureFigure.h"
 #include "TextLine.h"
 
@@ -69,12 +68,11 @@ std::unique_ptr<GraphScene> SceneBuilder::build()
     addBackground();
     for (const GraphBox &cluster : m_graph.clusters)
         addBox(cluster, ElementFigure::Kind::Cluster);
-    for (const GraphEdge &edge : m_graph.edges) {
-        addEdge(edge);
-        addEdgeLabel(edge);
-    }
     for (const GraphBox &node : m_graph.nodes)
-        addBox(node, ElementFigure::Kind::Node);
+        m_nodes << addBox(node, ElementFigure::Kind::Node);
+    countEdges();
+    for (const GraphEdge &edge : m_graph.edges)
+        addEdge(edge);
     // The tree is not shown yet, so no shape has had its path made by a change of bounds.
     rebuildPaths(m_scene->content());
     return std::move(m_scene);
@@ -89,35 +87,63 @@ void SceneBuilder::addBackground()
     addParts(paper, m_graph.label);
 }
 
-void SceneBuilder::addBox(const GraphBox &box, ElementFigure::Kind kind)
+ElementFigure *SceneBuilder::addBox(const GraphBox &box, ElementFigure::Kind kind)
 {
     const bool drawn = !box.body.isEmpty() || !box.label.isEmpty();
     ElementFigure *element =
         addElement(kind, drawn ? titleOf(box.name, box.label) : QString(), outlineOf(box), box.box);
     addParts(element, box.body, 1);
     addParts(element, box.label);
+    element->setShape(box.shape);
+    return element;
+}
+
+void SceneBuilder::countEdges()
+{
+    for (const GraphEdge &edge : m_graph.edges)
+        ++m_bundles[std::minmax(edge.tail, edge.head)].edges;
+}
+
+// The sides of a line are those of its direction, so edges back count from the other side.
+double SceneBuilder::lane(const GraphEdge &edge)
+{
+    Bundle &bundle = m_bundles[std::minmax(edge.tail, edge.head)];
+    const double lane = bundle.placed++ - (bundle.edges - 1) / 2.0;
+    return edge.tail < edge.head ? lane : -lane;
 }
 
 void SceneBuilder::addEdge(const GraphEdge &edge)
 {
-    const QRectF area = areaOf(edge.line) | areaOf(edge.arrows);
-    if (area.isEmpty())
-        return;
-
-    const QString title = titleOf(edge.name, edge.label);
-    ElementFigure *element =
-        m_scene->add(std::make_unique<EdgeFigure>(title, wholeUnits(area), nullptr));
-    addLines(element, edge.line);
-    addParts(element, edge.arrows);
+    EdgeConnection *figure = nullptr;
+    const bool drawn = !(areaOf(edge.line) | areaOf(edge.arrows)).isEmpty();
+    if (drawn && edge.routed && edge.tail >= 0 && edge.head >= 0) {
+        figure = m_scene->addEdge(std::make_unique<EdgeConnection>(titleOf(edge.name, edge.label),
+                                                                   edge, m_nodes.at(edge.tail),
+                                                                   m_nodes.at(edge.head), nullptr),
+                                  lane(edge));
+    }
+    addEdgeLabels(edge, figure);
 }
 
-void SceneBuilder::addEdgeLabel(const GraphEdge &edge)
+void SceneBuilder::addEdgeLabels(const GraphEdge &edge, EdgeConnection *figure)
 {
-    if (edge.label.isEmpty())
+    const QString title = titleOf(edge.name, edge.label);
+    addEdgeLabel(edge.label, EdgeLabel::Place::Middle, title, figure);
+    addEdgeLabel(edge.atTail.label, EdgeLabel::Place::Tail, title, figure);
+    addEdgeLabel(edge.atHead.label, EdgeLabel::Place::Head, title, figure);
+}
+
+void SceneBuilder::addEdgeLabel(const Drawing &label, EdgeLabel::Place place, const QString &title,
+                                EdgeConnection *figure)
+{
+    if (label.isEmpty())
         return;
-    ElementFigure *element = addElement(ElementFigure::Kind::Label, titleOf(edge.name, edge.label),
-                                        {}, areaOf(edge.label));
-    addParts(element, edge.label);
+    const QRectF area = areaOf(label);
+    ElementFigure *element =
+        figure ? m_scene->addLabel(
+                     std::make_unique<EdgeLabel>(place, title, wholeUnits(area), figure), figure)
+               : addElement(ElementFigure::Kind::Label, title, {}, area);
+    addParts(element, label);
 }
 
 ElementFigure *SceneBuilder::addElement(ElementFigure::Kind kind, const QString &title,
@@ -143,25 +169,6 @@ void SceneBuilder::addParts(ElementFigure *element, const Drawing &drawing, int 
         auto *part = new TextLine(span, origin, element);
         element->addPart(part, part->box());
     }
-}
-
-// Curves become lines; what is filled (a tapered edge) stays an outline.
-void SceneBuilder::addLines(ElementFigure *element, const Drawing &drawing)
-{
-    const QPoint origin = element->home().topLeft();
-    Drawing outlines;
-    for (const Stroke &stroke : drawing.strokes) {
-        if (stroke.brush.style() != Qt::NoBrush) {
-            outlines.strokes << stroke;
-            continue;
-        }
-        const QList<QPolygonF> lines = EdgeLine::flatten(stroke.path.translated(-origin));
-        for (const QPolygonF &line : lines) {
-            auto *part = new EdgeLine(line, stroke.pen, element);
-            element->addPart(part, part->getBounds());
-        }
-    }
-    addParts(element, outlines);
 }
 
 } // namespace GraphViewer

@@ -20,6 +20,13 @@ struct Parser : QCommandLineParser
         QStringLiteral(
             "Do not open the window; render it to the picture <file>. Needs no display."),
         QStringLiteral("file")};
+    QCommandLineOption routing{
+        QStringLiteral("routing"),
+        QStringLiteral(
+            "Run the edges as <name> has it: %1. Without this option it is engine, which "
+            "stands for the layout engine's own curves.")
+            .arg(EdgeRouting::names().join(QStringLiteral(", "))),
+        QStringLiteral("name"), EdgeRouting::names().first()};
     QCommandLineOption timeout{
         QStringLiteral("timeout"),
         QStringLiteral("Give up laying out after this many <seconds>; 0 means never."),
@@ -30,7 +37,7 @@ struct Parser : QCommandLineParser
     Parser()
     {
         setApplicationDescription(QStringLiteral("Shows a Graphviz graph in a window."));
-        addOptions({engine, render, timeout});
+        addOptions({engine, routing, render, timeout});
         addPositionalArgument(QStringLiteral("file"),
                               QStringLiteral("The graph: a .gv or .dot file, or one packed with "
                                              "gzip."),
@@ -59,6 +66,9 @@ QString whyRefused(const Parser &parser, bool timeLimitOk)
         return QStringLiteral("more than one file");
     if (parser.isSet(parser.engine) && !GraphLoader::engines().contains(engine))
         return QStringLiteral("unknown engine '%1'").arg(engine);
+    const QString routing = parser.value(parser.routing);
+    if (!EdgeRouting::names().contains(routing))
+        return QStringLiteral("unknown routing '%1'").arg(routing);
     if (!timeLimitOk)
         return QStringLiteral("'%1' is not a number of seconds").arg(parser.value(parser.timeout));
     if (parser.isSet(parser.render) && parser.positionalArguments().isEmpty())
@@ -87,6 +97,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     CommandLine line;
     line.file = parser.positionalArguments().value(0);
     line.engine = parser.value(parser.engine);
+    line.routing = EdgeRouting::fromName(parser.value(parser.routing));
     line.picture = parser.value(parser.render);
     line.timeLimit = std::chrono::seconds(seconds);
     return line;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringList>
+#include "scene/EdgeRouting.h"
 
 #include <chrono>
 
@@ -15,6 +15,7 @@ struct CommandLine
     QString text; ///< What to print for Inform and Refuse.
     QString file; ///< May be empty, but not when there is a picture to render.
     QString engine;
+    Routing routing = Routing::Engine;
     QString picture; ///< Where to render the window to; empty means to show it.
     std::chrono::seconds timeLimit{};
 

@@ -2,6 +2,7 @@
 
 #include "GraphView.h"
 #include "HoverTracker.h"
+#include "NodeDrag.h"
 #include "PictureExport.h"
 #include "scene/SceneBuilder.h"
 #include "WindowActions.h"
@@ -57,6 +58,7 @@ GraphWindow::GraphWindow(QWidget *parent)
     resize(1000, 700);
     createStatusBar();
     connectActions();
+    new NodeDrag(m_view);
 
     connect(&m_layout, &LayoutProcess::finished, this, &GraphWindow::handleLayout);
     connect(m_hover, &HoverTracker::hovered, statusBar(),
@@ -105,6 +107,15 @@ void GraphWindow::connectActions()
         setEngine(engine);
         layOut();
     });
+    connect(m_actions, &WindowActions::routingChosen, this, &GraphWindow::setRouting);
+}
+
+void GraphWindow::setRouting(Routing routing)
+{
+    m_routing = routing;
+    m_actions->setRouting(routing);
+    if (m_scene)
+        m_scene->setRouting(routing);
 }
 
 void GraphWindow::setEngine(const QString &engine)
@@ -171,6 +182,7 @@ void GraphWindow::handleLayout(const LoadReply &reply)
 void GraphWindow::showGraph(const GraphModel &graph)
 {
     std::unique_ptr<GraphScene> scene = SceneBuilder(graph).build();
+    scene->setRouting(m_routing);
     m_view->setScene(scene.get());
     m_scene = std::move(scene); // the former one goes after the view has let go of it
     showGrid(m_actions->grid->isChecked());

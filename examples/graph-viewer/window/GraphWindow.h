@@ -1,6 +1,7 @@
 #pragma once
 
 #include "load/LayoutProcess.h"
+#include "scene/EdgeRouting.h"
 
 #include <QMainWindow>
 
@@ -32,6 +33,7 @@ public:
     /// Ends in opened() or failed(). The graph shown so far stays until then.
     void openFile(const QString &path);
     void setEngine(const QString &engine);  ///< For the next file; empty means what the file says.
+    void setRouting(Routing routing);       ///< Of the graph that is shown, and of the next.
     QString exportPdf(const QString &path); ///< One line that says what went wrong, or nothing.
     void copyPicture();
 
@@ -71,6 +73,7 @@ private:
     Request m_wanted;
     Request m_shown;
     QString m_shownEngine;
+    Routing m_routing = Routing::Engine;
     std::unique_ptr<GraphScene> m_scene;
     GraphView *m_view;
     HoverTracker *m_hover;

@@ -47,17 +47,17 @@ int HoverTracker::tolerance() const
     return qMax(1, static_cast<int>(std::ceil(pixels / m_view->getScale())));
 }
 
-void HoverTracker::setElement(ElementFigure *element)
+void HoverTracker::setElement(Element *element)
 {
-    if (element == m_element)
+    if (element == m_element.get())
         return;
-    light(m_element, false);
+    light(m_element.get(), false);
     light(element, true);
     m_element = element;
     Q_EMIT hovered(element ? element->title() : QString());
 }
 
-void HoverTracker::light(ElementFigure *element, bool on)
+void HoverTracker::light(Element *element, bool on)
 {
     if (!element)
         return;

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QObject>
-#include <QPointer>
+#include "scene/Element.h"
+
+#include <figura/figure/InterfacePointer.h>
 
 namespace GraphViewer {
 
-class ElementFigure;
 class GraphView;
 
 /// Lights up the element under the mouse and tells its title.
@@ -25,12 +25,12 @@ Q_SIGNALS:
 
 private:
     void moveTo(const QPointF &canvasPosition);
-    void setElement(ElementFigure *element);
-    void light(ElementFigure *element, bool on);
+    void setElement(Element *element);
+    void light(Element *element, bool on);
     int tolerance() const;
 
     GraphView *m_view;
-    QPointer<ElementFigure> m_element;
+    Velmora::Figura::InterfacePointer<Element> m_element;
 };
 
 } // namespace GraphViewer

@@ -30,6 +30,7 @@ Session::Session(const CommandLine &commandLine)
 {
     m_window.layoutProcess().setTimeLimit(commandLine.timeLimit);
     m_window.setEngine(commandLine.engine);
+    m_window.setRouting(commandLine.routing);
     connect(&m_window, &GraphWindow::opened, this, &Session::handleOpened);
     connect(&m_window, &GraphWindow::failed, this, &Session::handleFailure);
 }

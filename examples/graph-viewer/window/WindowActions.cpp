@@ -29,6 +29,7 @@ WindowActions::WindowActions(QMainWindow *window)
     createFileActions();
     createViewActions();
     createEngineActions();
+    createRoutingActions();
     createMenus();
     createToolBar();
     setGraphPresent(false);
@@ -83,6 +84,24 @@ void WindowActions::createEngineActions()
     }
 }
 
+void WindowActions::createRoutingActions()
+{
+    m_routings = new QActionGroup(this);
+    const QStringList names = EdgeRouting::names();
+    for (const QString &name : names) {
+        QAction *action = m_routings->addAction(name);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this,
+                [this, name] { Q_EMIT routingChosen(EdgeRouting::fromName(name)); });
+    }
+    setRouting(Routing::Engine);
+}
+
+void WindowActions::setRouting(Routing routing)
+{
+    m_routings->actions().at(static_cast<int>(routing))->setChecked(true);
+}
+
 void WindowActions::createMenus()
 {
     QMenu *file = m_window->menuBar()->addMenu(tr("&File"));
@@ -99,6 +118,8 @@ void WindowActions::createMenus()
 
     QMenu *layout = m_window->menuBar()->addMenu(tr("&Layout"));
     layout->addActions(m_engines->actions());
+    layout->addSeparator();
+    layout->addMenu(tr("&Routing"))->addActions(m_routings->actions());
     layout->addSeparator();
     layout->addAction(cancel);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QObject>
+#include "scene/EdgeRouting.h"
 
 class QAction;
 class QActionGroup;
@@ -29,22 +29,26 @@ public:
     QAction *grid = nullptr;
     QAction *cancel = nullptr;
 
-    void setGraphPresent(bool present);    ///< Without one there is nothing to print, copy or zoom.
+    void setGraphPresent(bool present); ///< Without one there is nothing to print, copy or zoom.
+    void setRouting(Routing routing);
     void setEngine(const QString &engine); ///< Checks its entry; none for an unknown one.
 
 Q_SIGNALS:
     void engineChosen(const QString &engine);
+    void routingChosen(Routing routing);
 
 private:
     void createFileActions();
     void createViewActions();
     void createEngineActions();
+    void createRoutingActions();
     void createMenus();
     void createToolBar();
     QAction *create(const QString &text, const QList<QKeySequence> &keys, const QString &icon = {});
 
     QMainWindow *m_window;
     QActionGroup *m_engines = nullptr;
+    QActionGroup *m_routings = nullptr;
 };
 
 } // namespace GraphViewer
