@@ -36,6 +36,31 @@ public:
     }
 };
 
+// Remembers whether its listeners were attached when they came and went.
+class SeeingAnchor : public XYAnchor
+{
+public:
+    QList<bool> attached;
+
+    void addAnchorListener(IAnchorListener *listener) override
+    {
+        see(listener);
+        XYAnchor::addAnchorListener(listener);
+    }
+
+    void removeAnchorListener(IAnchorListener *listener) override
+    {
+        see(listener);
+        XYAnchor::removeAnchorListener(listener);
+    }
+
+private:
+    void see(IAnchorListener *listener)
+    {
+        attached.append(dynamic_cast<Figure *>(listener)->getFlag(Figure::FLAG_NOTIFIED));
+    }
+};
+
 class CountingViewport : public IViewport
 {
 public:
@@ -124,6 +149,8 @@ private Q_SLOTS:
     void sourceIsHookedBeforeTarget();
     void sourceIsUnhookedBeforeTargetAndThenTheRouterForgets_data() { addConnectionClassRows(); }
     void sourceIsUnhookedBeforeTargetAndThenTheRouterForgets();
+    void connectionIsAttachedWhileItsAnchorsAreHooked_data() { addConnectionEndRows(); }
+    void connectionIsAttachedWhileItsAnchorsAreHooked();
     void anchorSetWhileAttachedIsHookedAtOnce_data() { addConnectionEndRows(); }
     void anchorSetWhileAttachedIsHookedAtOnce();
     void anchorIsHookedUnderAnyParentEvenADetachedOne_data() { addConnectionEndRows(); }
@@ -229,6 +256,21 @@ void tst_ConnectionAnchoring::sourceIsUnhookedBeforeTargetAndThenTheRouterForget
     scene.wire->figure().removeNotify();
 
     QCOMPARE(scene.wire->log, QStringList({"source remove", "target remove", "router remove"}));
+}
+
+void tst_ConnectionAnchoring::connectionIsAttachedWhileItsAnchorsAreHooked()
+{
+    QFETCH(QString, className);
+    QFETCH(bool, atSource);
+    SeeingAnchor anchor;
+    Scene scene(className);
+    setAnchor(scene.wire->connection(), atSource, &anchor);
+
+    scene.parent.add(&scene.wire->figure());
+    QCOMPARE(anchor.attached, QList<bool>{true});
+
+    QVERIFY(scene.parent.remove(&scene.wire->figure()));
+    QCOMPARE(anchor.attached, QList<bool>({true, true}));
 }
 
 void tst_ConnectionAnchoring::anchorSetWhileAttachedIsHookedAtOnce()

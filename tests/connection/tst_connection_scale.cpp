@@ -14,7 +14,7 @@ struct Work
 {
     qint64 listenersAdded = 0;
     qint64 listenersRemoved = 0;
-    qint64 signalScans = 0; // every disconnection by signature walks the listeners of a signal
+    qint64 disconnections = 0; // as their senders are told
     qint64 validations = 0;
 };
 
@@ -45,7 +45,7 @@ protected:
     void disconnectNotify(const QMetaMethod &) override
     {
         if (work)
-            ++work->signalScans;
+            ++work->disconnections;
     }
 };
 
@@ -60,7 +60,7 @@ protected:
     void disconnectNotify(const QMetaMethod &) override
     {
         if (work)
-            ++work->signalScans;
+            ++work->disconnections;
     }
 };
 
@@ -136,12 +136,11 @@ void tst_ConnectionScale::everyEndIsHookedAndUnhookedOnce()
     QCOMPARE(work.listenersRemoved, 400);
 }
 
-// The root is in the chain of every watched figure. Its listener list is as long as the crowd is
-// large, so a disconnection that walks it makes teardown quadratic.
+// The root is in the chain of every watched figure, so its listener list grows with the crowd.
 void tst_ConnectionScale::disconnectionsPerFigureDoNotGrowWithTheCrowd()
 {
-    const qint64 few = workOfACrowd(200).signalScans;
-    const qint64 many = workOfACrowd(2000).signalScans;
+    const qint64 few = workOfACrowd(200).disconnections;
+    const qint64 many = workOfACrowd(2000).disconnections;
 
     QVERIFY2(many <= 10 * few, qPrintable(QStringLiteral("%1 and %2").arg(few).arg(many)));
 }
@@ -164,9 +163,9 @@ void tst_ConnectionScale::destroyedFiguresAreTakenOutOfTheChainOnce()
 
     QList<qint64> perFigure;
     for (const auto &box : boxes) {
-        const qint64 before = work.signalScans;
+        const qint64 before = work.disconnections;
         root.remove(box.get());
-        perFigure.append(work.signalScans - before);
+        perFigure.append(work.disconnections - before);
     }
 
     QCOMPARE(perFigure.count(perFigure.first()), perFigure.size());
