@@ -106,6 +106,7 @@ private Q_SLOTS:
     void laterPressReplacesTheEarlierOne();
     void resetForgetsThePress();
     void pressReplacesTheKeptCentre();
+    void pressIsLeftToWhoeverHoldsTheViewer();
     void releaseAndMoveAreNotRecorded();
 
     void resizeOfTheWidgetIsKeptFromTheScrollAreaWhileZooming();
@@ -283,6 +284,17 @@ void tst_FreeformViewerEvents::pressReplacesTheKeptCentre()
     sendMouse(scene.viewer.viewport(), QEvent::MouseButtonPress, QPoint(11, 30));
 
     QCOMPARE(scene.viewer.getLastClickLocation(), QPoint(11, 30));
+}
+
+void tst_FreeformViewerEvents::pressIsLeftToWhoeverHoldsTheViewer()
+{
+    QWidget holder;
+    FreeformViewer viewer(&holder);
+    EventCounter presses(&holder, QEvent::MouseButtonPress);
+
+    sendMouse(viewer.viewport(), QEvent::MouseButtonPress, QPoint(10, 10));
+
+    QCOMPARE(presses.count, 1);
 }
 
 void tst_FreeformViewerEvents::releaseAndMoveAreNotRecorded()

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void viewerComesWithWidgetAndUpdateManagerWiredTogether();
     void viewerStandsInTheDark();
     void viewerDestroysItsWidgetAndUpdateManager();
+    void managerTakenOverByAnotherViewerStaysWithIt();
     void viewerIsItsOwnViewport();
 
     void newUpdateManagerReplacesTheFormerOne();
@@ -81,6 +82,7 @@ private Q_SLOTS:
     void scaleIsThatOfTheWidget();
     void highlightIsForwarded();
     void elasticBandIsThatOfTheWidget();
+    void viewerWithoutItsWidgetHasScaleOneAndKeepsNoBand();
     void pageLayoutIsStored();
     void destroyedPageLayoutIsForgotten();
 
@@ -130,6 +132,19 @@ void tst_FreeformViewerForwarding::viewerDestroysItsWidgetAndUpdateManager()
 
     QVERIFY(widget.isNull());
     QVERIFY(manager.isNull());
+}
+
+void tst_FreeformViewerForwarding::managerTakenOverByAnotherViewerStaysWithIt()
+{
+    UpdateManager manager;
+    FreeformViewer next;
+    auto former = std::make_unique<FreeformViewer>();
+    former->setUpdateManager(&manager);
+    next.setUpdateManager(&manager);
+
+    former.reset();
+
+    QCOMPARE(manager.getViewer(), static_cast<IFigureViewer *>(&next));
 }
 
 void tst_FreeformViewerForwarding::viewerIsItsOwnViewport()
@@ -284,6 +299,17 @@ void tst_FreeformViewerForwarding::elasticBandIsThatOfTheWidget()
 
     QCOMPARE(&viewer->elasticBand(), &scene.widget()->elasticBand());
     QCOMPARE(scene.widget()->elasticBand(), QRect(1, 2, 3, 4));
+}
+
+void tst_FreeformViewerForwarding::viewerWithoutItsWidgetHasScaleOneAndKeepsNoBand()
+{
+    FreeformViewer viewer;
+    delete viewer.takeWidget();
+
+    viewer.elasticBand() = QRect(10, 20, 30, 40);
+
+    QVERIFY(viewer.elasticBand().isNull());
+    QCOMPARE(viewer.getScale(), 1.0);
 }
 
 void tst_FreeformViewerForwarding::pageLayoutIsStored()

@@ -1,5 +1,6 @@
 #include "scene.h"
 
+#include <QResizeEvent>
 #include <QTest>
 
 #include <memory>
@@ -35,6 +36,8 @@ private Q_SLOTS:
     void viewIsMovedThroughTheInterface();
     void movingTheViewRepaintsTheHighlight_data();
     void movingTheViewRepaintsTheHighlight();
+    void resizeRepaintsTheHighlight_data();
+    void resizeRepaintsTheHighlight();
 
     void scrollBarsSpanTheWidgetAfterZoom();
     void visibleScrollBarsAreReadyAfterZoom();
@@ -186,6 +189,29 @@ void tst_FreeformViewerScrolling::movingTheViewRepaintsTheHighlight()
 
     // To where it is, so that scrolling asks for no paint of its own.
     scene.viewer.setViewLocation(QPoint(0, 0));
+
+    QCOMPARE(paints.count, expected);
+}
+
+void tst_FreeformViewerScrolling::resizeRepaintsTheHighlight_data()
+{
+    movingTheViewRepaintsTheHighlight_data();
+}
+
+void tst_FreeformViewerScrolling::resizeRepaintsTheHighlight()
+{
+    QFETCH(bool, highlighted);
+    QFETCH(int, expected);
+    Scene scene;
+    scene.viewer.setHighlighted(highlighted);
+    QVERIFY(scene.show());
+    EventCounter paints(scene.widget(), QEvent::Paint);
+
+    // To the size it has, so that nothing else asks for a paint.
+    const QSize size = scene.viewer.viewport()->size();
+    QResizeEvent event(size, size);
+    QCoreApplication::sendEvent(scene.viewer.viewport(), &event);
+    QCoreApplication::processEvents();
 
     QCOMPARE(paints.count, expected);
 }

@@ -7,6 +7,18 @@ using namespace Velmora::Figura::Test;
 
 namespace {
 
+class ReadPane : public ExtentPane
+{
+public:
+    int reads = 0;
+
+    QRect getFreeformExtent() override
+    {
+        ++reads;
+        return ExtentPane::getFreeformExtent();
+    }
+};
+
 // Notes the order in which the widget is hidden, resized and shown.
 class VisibilityLog : public QObject
 {
@@ -61,6 +73,7 @@ private Q_SLOTS:
     void negativeMarginsCountAsZero_data();
     void negativeMarginsCountAsZero();
     void extentHandlingIsSwitched();
+    void extentIsReadOnlyWhileItIsHandled();
     void changeOfTheExtentLeavesTheCanvasAsItIs_data();
     void changeOfTheExtentLeavesTheCanvasAsItIs();
 
@@ -124,6 +137,23 @@ void tst_FreeformWidgetExtent::extentHandlingIsSwitched()
     QVERIFY(!widget.extentHandlingEnabled());
     widget.enableExtentHandling(true);
     QVERIFY(widget.extentHandlingEnabled());
+}
+
+void tst_FreeformWidgetExtent::extentIsReadOnlyWhileItIsHandled()
+{
+    ReadPane pane;
+    FreeformWidget widget(nullptr);
+    widget.setContent(&pane);
+
+    widget.enableExtentHandling(false);
+    pane.reads = 0;
+    Q_EMIT pane.extentChanged();
+    QCOMPARE(pane.reads, 0);
+
+    widget.enableExtentHandling(true);
+    QCOMPARE(pane.reads, 1);
+    Q_EMIT pane.extentChanged();
+    QCOMPARE(pane.reads, 2);
 }
 
 void tst_FreeformWidgetExtent::changeOfTheExtentLeavesTheCanvasAsItIs_data()

@@ -183,6 +183,8 @@ private Q_SLOTS:
     void fitWithoutExtentGivesItsArgumentBack();
     void scaleZeroIsIgnored_data();
     void scaleZeroIsIgnored();
+    void scaleThatIsNotFiniteIsIgnored_data();
+    void scaleThatIsNotFiniteIsIgnored();
     void scaleThatIsSetAlreadyIsIgnored();
     void scaleThatIsSetAlreadyStillMovesToTheGivenPoint();
 
@@ -289,6 +291,27 @@ void tst_FreeformWidgetScale::scaleZeroIsIgnored()
 
     QCOMPARE(text(scene), before);
     QVERIFY(!scene.widget()->isResizing());
+}
+
+void tst_FreeformWidgetScale::scaleThatIsNotFiniteIsIgnored_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::newRow("infinite") << qInf();
+    QTest::newRow("not a number") << qQNaN();
+}
+
+void tst_FreeformWidgetScale::scaleThatIsNotFiniteIsIgnored()
+{
+    QFETCH(double, scale);
+    ShownScene scene;
+    const QPoint at(10, 10);
+    QVERIFY(scene.show());
+    const QString before = text(scene);
+
+    QCOMPARE(scene.widget()->setScale(scale, &at), 1.0);
+    QCOMPARE(scene.widget()->setScaleAt(scale, at), 1.0);
+
+    QCOMPARE(text(scene), before);
 }
 
 void tst_FreeformWidgetScale::scaleThatIsSetAlreadyIsIgnored()

@@ -100,6 +100,8 @@ private Q_SLOTS:
     void linesStandAtMultiplesOfTheSpacing_data();
     void linesStandAtMultiplesOfTheSpacing();
     void rectangleWithoutLinesDrawsNothing();
+    void gridWithoutSpacingDrawsNothing();
+    void fiveHugeSnapsAreStillHuge();
 
     void gridIsPaintedBehindTheLayers();
     void gridFollowsTheWholePaneAndNotTheDamage();
@@ -311,6 +313,28 @@ void tst_Grid::rectangleWithoutLinesDrawsNothing()
     pane.setSnapSize(100);
 
     QVERIFY(linesOf(recordSubGrid(pane, QRect(-30, -30, 20, 20))).isEmpty());
+}
+
+void tst_Grid::gridWithoutSpacingDrawsNothing()
+{
+    GridPane pane;
+    pane.setSnapSize(0);
+
+    QVERIFY(linesOf(recordMainGrid(pane, QRect(0, 0, 100, 100))).isEmpty());
+    QVERIFY(linesOf(recordSubGrid(pane, QRect(0, 0, 100, 100))).isEmpty());
+}
+
+// Five of them are 4 in the range of int.
+void tst_Grid::fiveHugeSnapsAreStillHuge()
+{
+    const QRect rect(-10, -10, 30, 30);
+    GridPane pane;
+    pane.setSnapSize(858993460);
+
+    const QList<QLineF> lines = linesOf(recordMainGrid(pane, rect));
+
+    QCOMPARE(lines,
+             horizontal(rect.left(), rect.right(), {0}) + vertical(rect.top(), rect.bottom(), {0}));
 }
 
 void tst_Grid::gridIsPaintedBehindTheLayers()

@@ -123,6 +123,7 @@ private Q_SLOTS:
 
     void destroyedLayerFreesItsKey();
     void destroyedNestedPaneIsNotSearchedAnyMore();
+    void paneUnderTheKeyOfADestroyedOneIsSearchedLast();
 
 private:
     static void sides();
@@ -641,6 +642,25 @@ void tst_LayeredPane::destroyedNestedPaneIsNotSearchedAnyMore()
     doomed.reset();
 
     QCOMPARE(pane.getLayer(a), &last);
+}
+
+void tst_LayeredPane::paneUnderTheKeyOfADestroyedOneIsSearchedLast()
+{
+    Layer first;
+    Layer last;
+    LayeredPane next;
+    LayeredPane other;
+    LayeredPane pane;
+    auto doomed = std::make_unique<LayeredPane>();
+    pane.addLayer(doomed.get(), b);
+    other.addLayer(&first, a);
+    pane.addLayer(&other, c);
+    next.addLayer(&last, a);
+    doomed.reset();
+
+    pane.addLayer(&next, b);
+
+    QCOMPARE(pane.getLayer(a), &first);
 }
 
 QTEST_MAIN(tst_LayeredPane)

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void queuingSchedulesNothing();
     void figureQueuedTwiceIsValidatedOnce();
     void queueIsValidatedInOrderOfArrival();
+    void figureQueuedInPlaceOfADestroyedOneIsDroppedToo();
     void invisibleFigureIsValidatedToo();
     void validFigureStaysAsItIs();
     void emptyQueueAnnouncesNothing();
@@ -255,6 +256,27 @@ void tst_UpdateManager::queueIsValidatedInOrderOfArrival()
     managed.manager.performUpdate();
 
     QCOMPARE(order, QStringLiteral("cab"));
+}
+
+void tst_UpdateManager::figureQueuedInPlaceOfADestroyedOneIsDroppedToo()
+{
+    Managed managed;
+    HookFigure late;
+    HookFigure second;
+    HookFigure third;
+    auto doomed = std::make_unique<HookFigure>();
+    HookFigure first([&] {
+        doomed.reset();
+        managed.manager.addInvalidFigure(&late);
+    });
+    for (Figure *figure : QList<Figure *>{&first, doomed.get(), &second, &third})
+        managed.manager.addInvalidFigure(figure);
+
+    managed.manager.performUpdate();
+
+    QCOMPARE(late.validations, 0);
+    QCOMPARE(second.validations, 1);
+    QCOMPARE(third.validations, 1);
 }
 
 void tst_UpdateManager::invisibleFigureIsValidatedToo()
