@@ -465,6 +465,8 @@ void tst_PolylineHittest::segmentTestGoesByTheBoxForStraightLines_data()
     QTest::newRow("vertical, beyond") << QPoint(0, 0) << QPoint(0, 50) << QPoint(-4, 25) << false;
     QTest::newRow("slanting, outside the box")
         << QPoint(0, 0) << QPoint(50, 50) << QPoint(55, 55) << false;
+    QTest::newRow("slanting backwards, near its end")
+        << QPoint(50, 50) << QPoint(0, 0) << QPoint(2, 2) << true;
 }
 
 void tst_PolylineHittest::segmentTestGoesByTheBoxForStraightLines()

@@ -7,7 +7,9 @@ using namespace Velmora::Figura::Test;
 
 using Points = QList<QPointF>;
 using Operation = void (*)(AnyPolyline &);
+using LineOperation = void (*)(Polyline *);
 Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(LineOperation)
 
 namespace {
 
@@ -281,6 +283,8 @@ private Q_SLOTS:
     void endsOfOnePointAreThatPoint_data() { addClassRows(); }
     void endsOfOnePointAreThatPoint();
     void listHandedOutIsACopy();
+    void lineMayBeDestroyedWhenItsPathChanges_data();
+    void lineMayBeDestroyedWhenItsPathChanges();
 };
 
 void tst_PolylinePoints::newPolylineHasNoPoints()
@@ -472,6 +476,28 @@ void tst_PolylinePoints::listHandedOutIsACopy()
 
     QCOMPARE(line.getPoint(0), QPoint(5, 6));
     QCOMPARE(points, QList<QPoint>({QPoint(1, 2), QPoint(3, 4)}));
+}
+
+void tst_PolylinePoints::lineMayBeDestroyedWhenItsPathChanges_data()
+{
+    QTest::addColumn<LineOperation>("operation");
+    QTest::newRow("addPoint") << LineOperation([](Polyline *l) { l->addPoint(QPoint(7, 8)); });
+    QTest::newRow("insertPoint") << LineOperation(
+        [](Polyline *l) { l->insertPoint(QPoint(7, 8), 1); });
+    QTest::newRow("setPoint") << LineOperation([](Polyline *l) { l->setPoint(QPoint(7, 8), 1); });
+    QTest::newRow("setLinePoints") << LineOperation([](Polyline *l) { l->setLinePoints({}); });
+}
+
+void tst_PolylinePoints::lineMayBeDestroyedWhenItsPathChanges()
+{
+    QFETCH(LineOperation, operation);
+    const QPointer<Polyline> line(new Polyline);
+    line->setLinePoints({QPoint(1, 2), QPoint(3, 4)});
+    connect(line, &Shape::pathChanged, this, [line] { delete line; });
+
+    operation(line);
+
+    QVERIFY(line.isNull());
 }
 
 QTEST_MAIN(tst_PolylinePoints)

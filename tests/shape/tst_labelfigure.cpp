@@ -72,6 +72,7 @@ private Q_SLOTS:
 
     void newLabelExpandsInNoDirection();
     void expandingDirectionsReachTheLayout();
+    void expandingDirectionsOutliveTheLayout();
     void expandingDirectionsAreGivenToTheNextLayout();
 
     void labelPaintsBothParts();
@@ -299,6 +300,16 @@ void tst_LabelFigure::expandingDirectionsReachTheLayout()
     label.setExpandingDirections(Qt::Vertical);
 
     QCOMPARE(label.getLayoutManager()->expandingDirections(), Qt::Orientations(Qt::Vertical));
+    QCOMPARE(label.expandingDirections(), Qt::Orientations(Qt::Vertical));
+}
+
+void tst_LabelFigure::expandingDirectionsOutliveTheLayout()
+{
+    LabelFigure label(TEXT);
+    label.setExpandingDirections(Qt::Vertical);
+
+    delete label.getLayoutManager();
+
     QCOMPARE(label.expandingDirections(), Qt::Orientations(Qt::Vertical));
 }
 

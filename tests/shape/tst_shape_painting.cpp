@@ -151,6 +151,7 @@ private Q_SLOTS:
     void clipIsNarrowedToTheAbsolutePath();
     void clipIsSetWhereThereIsNone();
     void emptyPathLeavesTheClipAlone();
+    void pathThatHasOnlyMovedHidesEverything();
 };
 
 void tst_ShapePainting::nullPainterIsIgnored()
@@ -669,6 +670,19 @@ void tst_ShapePainting::emptyPathLeavesTheClipAlone()
         painter->setClipRect(QRect(0, 0, 150, 100));
         shape.clipToPath(painter);
         QCOMPARE(painter->clipRegion(), QRegion(0, 0, 150, 100));
+    });
+}
+
+void tst_ShapePainting::pathThatHasOnlyMovedHidesEverything()
+{
+    ShapeProbe<Rectangle> shape;
+    shape.painterPath().moveTo(20, 20);
+
+    record([&](QPainter *painter) {
+        painter->setClipRect(QRect(0, 0, 150, 100));
+        shape.clipToPath(painter);
+
+        QVERIFY(painter->clipRegion().isEmpty());
     });
 }
 

@@ -1,4 +1,5 @@
 #include <figura/connection/Polyline.h>
+#include <figura/connection/PolylineF.h>
 #include <figura/layout/XYLayout.h>
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/Polygon.h>
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void boundsStayAsTheyAre();
     void shapeWithoutBoundsIsLeftAlone();
     void polylineGetsItsPathFromItsPointsWithoutBeingAttached();
+    void floatingPolylineGetsItsPathLikewise();
     void treeIsRebuiltFromItsRootDownThroughOtherFigures();
     void hiddenShapesAreRebuiltToo();
     void nullTreeIsIgnored();
@@ -143,6 +145,16 @@ void tst_ShapeRebuild::polylineGetsItsPathFromItsPointsWithoutBeingAttached()
 {
     Polyline line;
     line.setEndPoints(QPoint(10, 10), QPoint(40, 30));
+
+    line.rebuildPath();
+
+    QCOMPARE(line.getBounds(), QRect(10, 10, 30, 20));
+}
+
+void tst_ShapeRebuild::floatingPolylineGetsItsPathLikewise()
+{
+    PolylineF line;
+    line.setEndPoints(QPointF(10, 10), QPointF(40, 30));
 
     line.rebuildPath();
 
