@@ -96,6 +96,7 @@ private Q_SLOTS:
     void layoutOfNullAsksNobody();
     void removeIsAnnouncedOncePerChild();
     void setConstraintPassesTheNewConstraint();
+    void sameObjectInAGuardedPointerIsNoNewConstraint();
 
     void listenerMayRemoveItself_data() { addOperations(); }
     void listenerMayRemoveItself();
@@ -413,6 +414,21 @@ void tst_LayoutListeners::setConstraintPassesTheNewConstraint()
 
     QCOMPARE(listener.constraints, (QList<QVariant>{2, 3}));
     QCOMPARE(listener.containers, (QList<Figure *>{&scene.figure, &scene.figure}));
+}
+
+void tst_LayoutListeners::sameObjectInAGuardedPointerIsNoNewConstraint()
+{
+    QObject owner;
+    auto *object = new QObject(&owner);
+    Scene<ProbeLayout> scene;
+    Figure child;
+    ListenerProbe listener;
+    scene.layout.add(&child, QVariant::fromValue(object));
+    scene.layout.addListener(&listener);
+
+    scene.layout.setConstraint(&child, QVariant::fromValue(QPointer<QObject>(object)));
+
+    QVERIFY(listener.constraints.isEmpty());
 }
 
 void tst_LayoutListeners::listenerMayRemoveItself()

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void withoutClippingTheClipInForceStays();
     void clipOfAnEmptyOptionHidesEverything();
     void painterIsRestored();
+    void clipThatIsSwitchedOffStaysOff();
     void childrenGetTheOptionUnchanged();
     void figureHandsItsClientAreaToTheChildren();
     void childrenOfARelativeLayoutArePaintedInTheClientArea();
@@ -214,6 +215,19 @@ void tst_LayoutRendering::painterIsRestored()
     QVERIFY(!painter.hasClipping());
     QVERIFY(painter.transform().isIdentity());
     QCOMPARE(painter.pen().color(), QColor(Qt::green));
+}
+
+void tst_LayoutRendering::clipThatIsSwitchedOffStaysOff()
+{
+    Scene<ProbeLayout> scene(QRect(0, 0, 100, 100));
+    RecordingDevice device;
+    QPainter painter(&device);
+    painter.setClipRect(QRect(0, 0, 10, 10));
+    painter.setClipping(false);
+
+    scene.layout.render(&painter, optionFor(QRect(20, 30, 15, 5)));
+
+    QVERIFY(!painter.hasClipping());
 }
 
 void tst_LayoutRendering::childrenGetTheOptionUnchanged()
