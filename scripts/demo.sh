@@ -28,7 +28,9 @@ build_viewer()
 # A variable can name a display that is gone. Whether Qt can open one, only Qt knows: it aborts.
 has_display()
 {
-    [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && ("$viewer" --help) &>/dev/null </dev/null
+    [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || return 1
+    # In one shell more, so that it is that one which reports the abort, and to nobody.
+    (ulimit -c 0 && "$viewer" --help && true) &>/dev/null </dev/null
 }
 
 show()
