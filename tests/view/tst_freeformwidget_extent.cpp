@@ -92,6 +92,7 @@ private Q_SLOTS:
     void ensureViewableResizesTheWidgetInPixels();
     void ensureViewableKeepsTheSizeOfTheWidgetForEqualBounds();
     void firstBoundsAreTheRectangleItself();
+    void flatBoundsDoNotCountWhenTheyGrow();
     void ensureViewableWithoutContentIsFalse();
 
     void minimizeViewableShrinksToTheExtentWithItsMargins();
@@ -356,6 +357,18 @@ void tst_FreeformWidgetExtent::firstBoundsAreTheRectangleItself()
     QCOMPARE(scene.pane.getBounds(), QRect(100, 200, 500, 400));
     QCOMPARE(scene.widget()->getPointAtOrigin(), QPointF(100, 200));
     QCOMPARE(scene.widget()->size(), QSize(500, 400));
+}
+
+void tst_FreeformWidgetExtent::flatBoundsDoNotCountWhenTheyGrow()
+{
+    Scene scene;
+    QTest::ignoreMessage(QtDebugMsg, "Figure::resolveBounds(): resolved bounds still invalid");
+    scene.pane.setBounds(QRect(0, 0, 0, 10));
+    QVERIFY(!scene.pane.getBounds().isValid());
+
+    QVERIFY(scene.widget()->ensureViewable(QRect(100, 200, 500, 400), false, true));
+
+    QCOMPARE(scene.pane.getBounds(), QRect(100, 200, 500, 400));
 }
 
 void tst_FreeformWidgetExtent::ensureViewableWithoutContentIsFalse()

@@ -242,6 +242,7 @@ private Q_SLOTS:
     void areaIsScaledToFitThePage();
     void optionCarriesTheAreaAndTheWidgetsPalette();
     void pageLayoutTellsWhereTheContentGoes();
+    void pageWithoutRoomIsLeftEmpty();
     void pageLayoutIsCalledAfterThePageWithAnInvalidVariant();
     void pageLayoutGetsThePainterAsItWas();
     void onePageIsPrinted();
@@ -249,6 +250,7 @@ private Q_SLOTS:
     void zoomAndScrollDoNotMatter();
 
     void areaWithoutRectangleIsTheExtentOfTheFreeformChildren();
+    void flatRectangleCountsAsNone();
     void allFreeformChildrenCount();
     void layerWithoutFreeformChildrenPrintsNothing();
     void layerWithoutFreeformChildrenIsPrintedWithARectangle();
@@ -334,6 +336,20 @@ void tst_FreeformWidgetPrinting::pageLayoutTellsWhereTheContentGoes()
                          pageTransform(*page.contentRect, area, 2)));
 }
 
+void tst_FreeformWidgetPrinting::pageWithoutRoomIsLeftEmpty()
+{
+    Document document;
+    PaperPrinter printer;
+    WitnessPage page;
+    page.contentRect = QRectF(100, 200, 0, 300);
+    document.viewer.setPageLayout(&page);
+
+    document.widget()->print(&printer, sheet, QRect(10, 20, 600, 200));
+
+    QVERIFY(document.layer.renderings.isEmpty());
+    QVERIFY(page.pages.isEmpty());
+}
+
 void tst_FreeformWidgetPrinting::pageLayoutIsCalledAfterThePageWithAnInvalidVariant()
 {
     Document document;
@@ -405,6 +421,17 @@ void tst_FreeformWidgetPrinting::areaWithoutRectangleIsTheExtentOfTheFreeformChi
 
     document.widget()->print(&printer, sheet);
 
+    QCOMPARE(document.layer.renderings.first().rect, QRect(90, 180, 320, 140));
+}
+
+void tst_FreeformWidgetPrinting::flatRectangleCountsAsNone()
+{
+    Document document(QRect(100, 200, 300, 100));
+    PaperPrinter printer;
+
+    document.widget()->print(&printer, sheet, QRect(5, 5, 0, 30));
+
+    QCOMPARE(document.layer.renderings.size(), 1);
     QCOMPARE(document.layer.renderings.first().rect, QRect(90, 180, 320, 140));
 }
 
