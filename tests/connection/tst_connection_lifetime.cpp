@@ -219,6 +219,10 @@ private Q_SLOTS:
     void destroyedConnectionCallsNoRouter_data() { addConnectionClassRows(); }
     void destroyedConnectionCallsNoRouter();
     void destroyedLayerRouterIsForgotten();
+    void connectionMayGoWhileItsDecorationIsReplaced_data() { addConnectionEndRows(); }
+    void connectionMayGoWhileItsDecorationIsReplaced();
+    void connectionMayGoWhileItIsDecorated_data() { addConnectionEndRows(); }
+    void connectionMayGoWhileItIsDecorated();
 };
 
 void tst_ConnectionLifetime::partsMayBeDestroyedInAnyOrderAtRest()
@@ -347,6 +351,39 @@ void tst_ConnectionLifetime::destroyedLayerRouterIsForgotten()
 
     QVERIFY(!layer.getConnectionRouter());
     QCOMPARE(connection.getConnectionRouter(), NullRouter::instance());
+}
+
+void tst_ConnectionLifetime::connectionMayGoWhileItsDecorationIsReplaced()
+{
+    QFETCH(QString, className);
+    QFETCH(bool, atSource);
+    QObject owner;
+    auto *former = new PolygonDecoration(&owner);
+    auto *next = new PolygonDecoration(&owner);
+    AnyConnectionPointer wire = makeConnection(className);
+    wire->setDecoration(atSource, former);
+    connect(former, &Figure::propertyChanged, &owner, [&] { wire.reset(); });
+
+    wire->setDecoration(atSource, next);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    QVERIFY(!wire);
+    QVERIFY(!next->getParentFigure());
+}
+
+void tst_ConnectionLifetime::connectionMayGoWhileItIsDecorated()
+{
+    QFETCH(QString, className);
+    QFETCH(bool, atSource);
+    QObject owner;
+    auto *decoration = new PolygonDecoration(&owner);
+    AnyConnectionPointer wire = makeConnection(className);
+    connect(decoration, &Figure::propertyChanged, &owner, [&] { wire.reset(); });
+
+    wire->setDecoration(atSource, decoration);
+
+    QVERIFY(!wire);
+    QVERIFY(!decoration->getParentFigure());
 }
 
 QTEST_MAIN(tst_ConnectionLifetime)
