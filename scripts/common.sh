@@ -12,6 +12,7 @@ export CTEST_PARALLEL_LEVEL=${CTEST_PARALLEL_LEVEL:-$(nproc 2>/dev/null || echo 
 # Qt grumbles where no session has made one.
 if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
     export XDG_RUNTIME_DIR=$root/build/runtime
+    # shellcheck disable=SC2174 # only the last folder has to be private
     mkdir -p -m 700 "$XDG_RUNTIME_DIR"
 fi
 
