@@ -139,6 +139,8 @@ private Q_SLOTS:
     void aDraggedNodeTakesItsEdgesAlong();
     void aDraggedNodeTakesItsLoopAlong();
     void edgesOfOtherNodesStayAsTheEngineHasThem();
+    void aNodeThatGoesWhileItIsDraggedIsForgotten();
+    void aLabelOnALineHasPaperBeneath();
     void theCanvasGrowsWithANodeThatIsDraggedOutOfIt();
     void draggingThePaperMovesNoNode();
 };
@@ -408,6 +410,36 @@ void tst_GraphConnections::edgesOfOtherNodesStayAsTheEngineHasThem()
 
     QVERIFY(!shown.edge(0)->showsEngineDrawing());
     QVERIFY(shown.edge(1)->showsEngineDrawing());
+}
+
+void tst_GraphConnections::aNodeThatGoesWhileItIsDraggedIsForgotten()
+{
+    Shown shown("digraph { a -> b }");
+    const QPoint from = shown.onCanvas(shown.node(0)->getBounds().center());
+    QTest::mousePress(shown.view.canvas(), Qt::LeftButton, Qt::NoModifier, from);
+
+    auto other = SceneBuilder(GraphFixtures::graph("digraph { c -> d }")).build();
+    shown.view.setScene(other.get());
+    shown.scene = std::move(other);
+    shown.validate();
+    const QRect before = shown.node(0)->getBounds();
+    QTest::mouseMove(shown.view.canvas(), from + QPoint(20, 20));
+    QTest::mouseRelease(shown.view.canvas(), Qt::LeftButton, Qt::NoModifier, from + QPoint(20, 20));
+
+    QCOMPARE(shown.node(0)->getBounds(), before);
+    QCOMPARE(shown.view.canvas()->cursor().shape(), shown.view.cursor().shape());
+}
+
+void tst_GraphConnections::aLabelOnALineHasPaperBeneath()
+{
+    Shown shown("digraph { rankdir=LR; a -> b [label=MMM, color=blue, penwidth=3] }",
+                Routing::Straight);
+    const QRect label = shown.scene->elements(Kind::Label).first()->getBounds();
+
+    const QImage image = shown.validate();
+
+    QVERIFY(countColor(image, Qt::blue) > 15);
+    QCOMPARE(countColor(image.copy(shown.view.fromContent(label)), Qt::blue), 0);
 }
 
 void tst_GraphConnections::theCanvasGrowsWithANodeThatIsDraggedOutOfIt()

@@ -5,6 +5,9 @@
 #include <figura/decoration/ConnectionEndpointLocator.h>
 #include <figura/decoration/ConnectionLocator.h>
 
+#include <QPainter>
+#include <QStyleOptionViewItem>
+
 using Velmora::Figura::ConnectionEndpointLocator;
 using Velmora::Figura::ConnectionLocator;
 using Velmora::Figura::Figure;
@@ -25,6 +28,7 @@ std::unique_ptr<ILocator> createLocator(EdgeLabel::Place place, EdgeConnection *
 EdgeLabel::EdgeLabel(Place place, const QString &title, const QRect &box, EdgeConnection *edge,
                      QObject *parent)
     : ElementFigure(Kind::Label, title, {}, box, parent)
+    , m_place(place)
     , m_locator(createLocator(place, edge))
 {
     // A connection tells that it has moved after each layout.
@@ -45,6 +49,14 @@ void EdgeLabel::relocate()
 {
     if (m_follows)
         m_locator->relocate(this);
+}
+
+// On the line, the text could not be read without some paper beneath.
+void EdgeLabel::drawShape(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (m_follows && m_place == Place::Middle)
+        painter->fillRect(option.rect, QColor(255, 255, 255, 150));
+    ElementFigure::drawShape(painter, option);
 }
 
 QSize EdgeLabel::getPreferredSize()

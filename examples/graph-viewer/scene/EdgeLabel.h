@@ -30,8 +30,13 @@ public:
 
     QSize getPreferredSize() override; ///< What the locator gives it.
 
+protected:
+    void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const override;
+
 private:
     void relocate();
+
+    Place m_place;
 
     std::unique_ptr<Velmora::Figura::ILocator> m_locator;
     bool m_follows = false;

@@ -58,9 +58,11 @@ bool NodeDrag::move(const QMouseEvent *event)
 // The canvas grows now and not on the way: it would slide away under the mouse.
 bool NodeDrag::release(const QMouseEvent *event)
 {
-    if (!m_node || event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton)
         return false;
-    m_view->canvas()->unsetCursor();
+    m_view->canvas()->unsetCursor(); // also when another graph has come meanwhile
+    if (!m_node)
+        return false;
     m_view->scene()->settle();
     m_view->canvas()->ensureViewable(m_node->absoluteRect(), true, true);
     m_node = nullptr;
