@@ -78,11 +78,14 @@ std::unique_ptr<GraphScene> SceneBuilder::build()
     return std::move(m_scene);
 }
 
-// It covers the whole graph, so that an empty graph has an extent too.
+// It covers the whole graph, so that an empty graph has an extent too. Connections have none of
+// their own, and curves may swing out of the engine's box.
 void SceneBuilder::addBackground()
 {
-    ElementFigure *paper = addElement(ElementFigure::Kind::Background, {}, {},
-                                      m_graph.box.united(areaOf(m_graph.label)));
+    QRectF area = m_graph.box.united(areaOf(m_graph.label));
+    for (const GraphEdge &edge : m_graph.edges)
+        area |= areaOf(edge.line) | areaOf(edge.arrows);
+    ElementFigure *paper = addElement(ElementFigure::Kind::Background, {}, {}, area);
     addParts(paper, m_graph.background);
     addParts(paper, m_graph.label);
 }
