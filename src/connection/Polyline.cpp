@@ -85,8 +85,10 @@ void Polyline::setEnd(const QPoint &point)
 
 void Polyline::setEndPoints(const QPoint &start, const QPoint &end)
 {
+    const QPointer<Polyline> alive(this);
     setStart(start);
-    setEnd(end);
+    if (alive)
+        setEnd(end);
 }
 
 QRect Polyline::resolveBounds(const QRect &rect)

@@ -147,18 +147,25 @@ void PolylineConnection::removeNotify()
 
 void PolylineConnection::layout()
 {
+    // Routers, locators and slots are the application's code, which may destroy this connection.
+    const QPointer<PolylineConnection> alive(this);
     if (m_core->isConnected())
         m_core->router()->route(this);
-    Polyline::layout();
-    Q_EMIT pathChanged(QRectF());
-    m_core->updateBounds(Polyline::getBounds());
+    if (alive)
+        Polyline::layout();
+    if (alive)
+        Q_EMIT pathChanged(QRectF());
+    if (alive)
+        m_core->updateBounds(Polyline::getBounds());
 }
 
 void PolylineConnection::revalidate()
 {
+    const QPointer<PolylineConnection> alive(this);
     m_core->eraseBounds();
     Polyline::revalidate();
-    m_core->router()->invalidate(this);
+    if (alive)
+        m_core->router()->invalidate(this);
 }
 
 } // namespace Velmora::Figura

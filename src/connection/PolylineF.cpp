@@ -90,8 +90,10 @@ void PolylineF::setEnd(const QPointF &point)
 
 void PolylineF::setEndPoints(const QPointF &start, const QPointF &end)
 {
+    const QPointer<PolylineF> alive(this);
     setStart(start);
-    setEnd(end);
+    if (alive)
+        setEnd(end);
 }
 
 QRect PolylineF::resolveBounds(const QRect &rect)

@@ -147,18 +147,25 @@ void PolylineFConnection::removeNotify()
 
 void PolylineFConnection::layout()
 {
+    // Routers, locators and slots are the application's code, which may destroy this connection.
+    const QPointer<PolylineFConnection> alive(this);
     if (m_core->isConnected())
         m_core->router()->routeF(this);
-    PolylineF::layout();
-    Q_EMIT pathChanged(QRectF());
-    m_core->updateBounds(PolylineF::getBounds());
+    if (alive)
+        PolylineF::layout();
+    if (alive)
+        Q_EMIT pathChanged(QRectF());
+    if (alive)
+        m_core->updateBounds(PolylineF::getBounds());
 }
 
 void PolylineFConnection::revalidate()
 {
+    const QPointer<PolylineFConnection> alive(this);
     m_core->eraseBounds();
     PolylineF::revalidate();
-    m_core->router()->invalidate(this);
+    if (alive)
+        m_core->router()->invalidate(this);
 }
 
 } // namespace Velmora::Figura

@@ -100,12 +100,18 @@ void ConnectionCore::setRouter(IConnectionRouter *router)
     if (next == previous)
         return;
 
+    // Whoever is told may destroy the connection, and this with it.
+    Figure *const figure = m_figure;
+    const QPointer<Figure> alive(figure);
     previous->remove(m_connection);
+    if (!alive)
+        return;
     const QVariant before = asVariant(previous);
     m_router = next;
-    Q_EMIT m_figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, before,
-                                     asVariant(next));
-    m_figure->revalidate();
+    Q_EMIT figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, before,
+                                   asVariant(next));
+    if (alive)
+        figure->revalidate();
 }
 
 void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
@@ -113,7 +119,10 @@ void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
     if (decoration == end.decoration.get())
         return;
 
+    const QPointer<Figure> alive(m_figure);
     release(end.decoration.get());
+    if (!alive)
+        return;
     end.decoration = decoration;
     if (auto *figure = dynamic_cast<Figure *>(decoration)) {
         auto *locator = new ArrowLocator(m_connection, end.alignment, figure);
@@ -128,8 +137,10 @@ void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
 void ConnectionCore::release(IRotatableDecoration *decoration)
 {
     if (auto *figure = dynamic_cast<Figure *>(decoration)) {
+        const QPointer<Figure> released(figure);
         m_figure->remove(figure);
-        figure->deleteLater();
+        if (released)
+            figure->deleteLater();
     }
 }
 
@@ -153,7 +164,7 @@ void ConnectionCore::updateBounds(const QRect &lineBounds)
     if (bounds.isNull())
         return;
     m_figure->repaint(bounds);
-    Q_EMIT m_figure->figureMoved(m_figure);
+    Q_EMIT m_figure->figureMoved(m_figure); // last, for a slot may destroy the connection
 }
 
 void ConnectionCore::eraseBounds()

@@ -61,7 +61,8 @@ public:
     bool getFill() const;
     void setFill(bool fill);
 
-    /// Builds the path for the current bounds and repaints, attached or not.
+    /// Builds the path for the current bounds, attached or not; repaints the old and the new area.
+    /// Invalid bounds have no effect, except on polylines.
     void rebuildPath();
 
     void setBounds(const QRect &rect) override;
