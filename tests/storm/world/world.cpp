@@ -112,7 +112,6 @@ void World::run(const Operation &operation)
     const Entry &entry = catalogue().at(operation.code);
     if (!mayRun(entry.place))
         return;
-    const QScopedValueRollback<int> depth(m_depth, m_depth + 1);
     Numbers numbers(operation.numbers);
     entry.run(*this, numbers);
 }
@@ -136,7 +135,9 @@ void World::happens(Moment moment)
 {
     if (m_quiet || m_depth >= deepest)
         return;
-    if (const std::optional<Operation> operation = m_traps.take(moment))
+    const std::optional<Operation> operation = m_traps.take(moment);
+    const QScopedValueRollback<int> depth(m_depth, m_depth + 1);
+    if (operation)
         run(*operation);
 }
 
