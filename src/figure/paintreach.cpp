@@ -52,20 +52,20 @@ int reachOf(const Border *border)
     return std::max({1, -inmost, isThin ? 1 : utmost});
 }
 
-// The square caps of an open path stick out with their corners.
-double halfLine(const QPainterPath &path, int lineWidth)
+// The square caps of open paths and of dashes stick out with their corners.
+double halfLine(const Shape &shape, const QPainterPath &path)
 {
-    const double half = std::max(lineWidth, 1) / 2.0;
-    const QPainterPath::Element first = path.elementAt(0);
-    const bool isClosed = path.currentPosition() == QPointF(first);
-    return isClosed ? half : half * std::numbers::sqrt2;
+    const double half = std::max(shape.getLineWidth(), 1) / 2.0;
+    const bool isClosed = path.currentPosition() == QPointF(path.elementAt(0));
+    const bool hasCaps = !isClosed || shape.getLineStyle() != Qt::SolidLine;
+    return hasCaps ? half * std::numbers::sqrt2 : half;
 }
 
-int reachOfLine(const QPainterPath &path, int lineWidth, const QRect &bounds)
+int reachOfLine(const Shape &shape, const QPainterPath &path, const QRect &bounds)
 {
     if (path.elementCount() == 0)
         return 1;
-    const double half = halfLine(path, lineWidth);
+    const double half = halfLine(shape, path);
     const QRectF line = path.controlPointRect().adjusted(-half, -half, half, half);
     // At least one, because even a line inside comes to lie on the edge when it is smoothed.
     return std::max(1, static_cast<int>(std::floor(excess(line, bounds))) + 1);
@@ -128,7 +128,7 @@ int PaintReach::measure(Figure &figure, const QRect &boundingRect)
 int PaintReach::measureLook(const Figure &figure, const QRect &boundingRect)
 {
     if (const auto *shape = qobject_cast<const Shape *>(&figure))
-        return reachOfLine(shape->getPainterPath(), shape->getLineWidth(), boundingRect);
+        return reachOfLine(*shape, shape->getPainterPath(), boundingRect);
     if (const auto *text = qobject_cast<const TextFigure *>(&figure))
         return text->m_inkReach;
     return 0;
