@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need.
+# missing; with --tests also what only the tests need, with --fuzz what the fuzzer needs.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -10,9 +10,10 @@ packages=(
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
-if [ "${1:-}" = --tests ]; then
-    packages+=(clang-format graphviz-doc poppler-utils)
-fi
+case "${1:-}" in
+--tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
+--fuzz) packages+=(clang libclang-rt-dev) ;;
+esac
 
 is_installed()
 {
