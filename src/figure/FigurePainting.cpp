@@ -153,7 +153,10 @@ void Figure::invalidate()
 
 void Figure::revalidate()
 {
-    invalidate();
+    const QPointer<Figure> alive(this);
+    invalidate(); // layout listeners hear of it
+    if (!alive)
+        return;
     Figure *parent = getParentFigure();
     if (parent && !isValidateRoot())
         parent->revalidate();

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <figura/export.h>
+#include <figura/figure/InterfacePointer.h>
 #include <figura/view/IFigureViewer.h> // complete, so that the signal's argument has a meta-type
 #include <figura/view/IUpdateManager.h>
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -44,10 +46,14 @@ Q_SIGNALS:
 
 private:
     bool hasViewer(const char *operation) const;
-    void dropDestroyedFigures();
+    void sweep();
 
-    QList<QPointer<Figure>> m_invalidFigures;
-    IFigureViewer *m_viewer = nullptr;
+    static constexpr qsizetype firstSweep = 16;
+
+    QList<QPointer<Figure>> m_invalidFigures;   // in the order of their arrival
+    QHash<Figure *, QPointer<Figure>> m_queued; // the same, to be found by address
+    qsizetype m_nextSweep = firstSweep;
+    InterfacePointer<IFigureViewer> m_viewer;
 };
 
 } // namespace Velmora::Figura
