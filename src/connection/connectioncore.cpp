@@ -2,6 +2,7 @@
 
 #include "figure/announcedobject_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/paintreach_p.h"
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
@@ -190,6 +191,7 @@ void ConnectionCore::eraseBounds()
     }
     if (Figure *parent = m_figure->getParentFigure()) {
         QRect rect = m_bounds;
+        const PaintReach::Damage damage(*m_figure);
         manager->addDirtyRegion(parent, parent->translateToParent(rect));
     }
 }

@@ -5,6 +5,7 @@
 #include "announcedobject_p.h"
 #include "childwalk_p.h"
 #include "hadparent_p.h"
+#include "paintreach_p.h"
 
 #include <figura/layout/Layout.h>
 #include <figura/view/UpdateManager.h>
@@ -112,6 +113,7 @@ void Figure::addNotify()
         return;
     }
     setFlag(FLAG_NOTIFIED, true);
+    PaintReach::refresh(*this);
     walkChildren(this, [](Figure *child) { child->addNotify(); });
 }
 

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QVariant>
 
 #include <memory>
@@ -125,6 +126,7 @@ protected:
 
 private:
     friend class LayoutChildren;
+    friend class PaintReach; // keeps account of m_unclipped
 
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
     quint64 enlist(Figure *child, const LayoutHelper &record, int index);
@@ -140,6 +142,7 @@ private:
     QSize m_minimumSize;
     bool m_laidOut = false;
     std::unique_ptr<LayoutChildren> m_children;
+    QRect m_unclipped; // what the children may paint, in their coordinates; none while clipped
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;
 };
