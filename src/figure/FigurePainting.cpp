@@ -162,7 +162,10 @@ void Figure::invalidate()
 
 void Figure::revalidate()
 {
-    invalidate();
+    const QPointer<Figure> alive(this);
+    invalidate(); // layout listeners hear of it
+    if (!alive)
+        return;
     const Revalidation way(this);
     Figure *parent = getParentFigure();
     if (parent && !isValidateRoot())

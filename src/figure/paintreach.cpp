@@ -1,5 +1,7 @@
 #include "paintreach_p.h"
 
+#include "layout/layoutchildren_p.h"
+
 #include <figura/figure/SimpleBorder.h>
 #include <figura/layout/Layout.h>
 #include <figura/shape/Shape.h>
@@ -173,7 +175,7 @@ void PaintReach::collect(Layout &layout)
     layout.m_unclipped = QRect();
     if (layout.isClipping())
         return;
-    for (Figure *child : std::as_const(layout.m_children)) {
+    for (Figure *child : LayoutChildren::of(&layout).figures()) {
         const QRect rect = child->getBoundingRect();
         if (rect.isValid())
             layout.m_unclipped |= grown(rect, child->m_reach);

@@ -142,8 +142,10 @@ void TextFigure::updateSize()
     const QSize size = applyMargin(calculateContentSize());
     setMinimumSize(size);
     setPreferredSize(size);
+    const QPointer<TextFigure> alive(this);
     revalidate();
-    repaint();
+    if (alive)
+        repaint();
 }
 
 void TextFigure::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const

@@ -63,7 +63,10 @@ bool FreeformWidget::setContent(Figure *content)
 
     m_content = pane;
     pane->setBackgroundColor(Qt::transparent);
-    pane->addNotify();
+    const QPointer<FreeformWidget> self(this);
+    pane->addNotify(); // runs through all figures, which may be the application's own
+    if (!self || !m_content)
+        return false;
     connect(pane, SIGNAL(extentChanged()), this, SLOT(contentExtentChanged()));
     if (m_updateManager)
         m_updateManager->addInvalidFigure(pane);

@@ -27,7 +27,7 @@ void UpdateManager::setViewer(IFigureViewer *viewer)
 
 IFigureViewer *UpdateManager::getViewer() const
 {
-    return m_viewer;
+    return m_viewer.get();
 }
 
 void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
@@ -56,9 +56,14 @@ void UpdateManager::addInvalidFigure(Figure *figure)
         return;
     }
 
-    dropDestroyedFigures();
-    if (!m_invalidFigures.contains(figure))
-        m_invalidFigures.append(figure);
+    if (m_invalidFigures.size() >= m_nextSweep)
+        sweep();
+    // An entry that has become null was that of a destroyed figure at the same address.
+    QPointer<Figure> &entry = m_queued[figure];
+    if (!entry) {
+        entry = figure;
+        m_invalidFigures.append(entry);
+    }
     noteLate(figure);
 }
 
@@ -79,13 +84,13 @@ void UpdateManager::performUpdate()
 {
     if (!hasViewer("performUpdate"))
         return;
-    dropDestroyedFigures();
+    sweep();
     if (m_invalidFigures.isEmpty())
         return;
 
     // Slots and layouts are the application's: they may destroy figures, and this manager too.
     const QPointer<UpdateManager> self(this);
-    Q_EMIT aboutToValidate(m_viewer);
+    Q_EMIT aboutToValidate(m_viewer.get());
     if (!self)
         return;
 
@@ -113,6 +118,7 @@ void UpdateManager::validateQueue()
 void UpdateManager::finishPass()
 {
     m_invalidFigures.clear();
+    m_queued.clear();
     if (m_passes > 0)
         return;
     const QList<QPointer<Figure>> late = std::exchange(m_late, {});
@@ -124,13 +130,17 @@ bool UpdateManager::hasViewer(const char *operation) const
 {
     if (!m_viewer)
         QMessageLogger().warning("UpdateManager::%s(): no managed widget", operation);
-    return m_viewer;
+    return bool(m_viewer);
 }
 
-// Pointers that became null would otherwise count as queued, and pile up while nothing is painted.
-void UpdateManager::dropDestroyedFigures()
+// What was destroyed would otherwise count as queued, and pile up while nothing is painted. On the
+// way there only at doubled sizes, so that to queue one figure costs the same however many wait.
+void UpdateManager::sweep()
 {
-    m_invalidFigures.removeIf([](const QPointer<Figure> &figure) { return figure.isNull(); });
+    const auto isGone = [](const QPointer<Figure> &figure) { return figure.isNull(); };
+    m_invalidFigures.removeIf(isGone);
+    m_queued.removeIf([&](const auto &entry) { return isGone(entry.value()); });
+    m_nextSweep = qMax(firstSweep, m_invalidFigures.size() * 2);
 }
 
 } // namespace Velmora::Figura

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -224,6 +225,7 @@ private Q_SLOTS:
     void destroyedContentLeavesAnEmptyViewer();
     void viewerTakesANewContentAfterTheFormerOneIsGone();
     void viewerTakesANewManagerAfterTheFormerOneIsGone();
+    void managerForgetsAViewerThatIsGone();
 };
 
 void tst_ViewLifetime::anyPartMayGoFirst()
@@ -384,6 +386,20 @@ void tst_ViewLifetime::viewerTakesANewManagerAfterTheFormerOneIsGone()
     QCOMPARE(parts.pane->getUpdateManager(), &next);
     parts.use();
     parts.destroy(Part::Viewer);
+}
+
+// Also one that it was given behind the viewer's back.
+void tst_ViewLifetime::managerForgetsAViewerThatIsGone()
+{
+    UpdateManager manager;
+    auto viewer = std::make_unique<FreeformViewer>();
+    manager.setViewer(viewer.get());
+
+    viewer.reset();
+
+    QCOMPARE(manager.getViewer(), nullptr);
+    QTest::ignoreMessage(QtWarningMsg, "UpdateManager::addDirtyRegion(): no managed widget");
+    manager.addDirtyRegion(QRect(1, 2, 3, 4));
 }
 
 QTEST_MAIN(tst_ViewLifetime)

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <figura/export.h>
+#include <figura/figure/InterfacePointer.h>
 #include <figura/view/IFigureViewer.h> // complete, so that the signal's argument has a meta-type
 #include <figura/view/IUpdateManager.h>
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -48,17 +50,21 @@ private:
     friend class FreeformWidget; // looks after what a pass has dropped
 
     bool hasViewer(const char *operation) const;
-    void dropDestroyedFigures();
+    void sweep();
     void validateQueue();
     void noteLate(Figure *figure);
     void finishPass();
 
-    QList<QPointer<Figure>> m_invalidFigures;
+    static constexpr qsizetype firstSweep = 16;
+
+    QList<QPointer<Figure>> m_invalidFigures;   // in the order of their arrival
+    QHash<Figure *, QPointer<Figure>> m_queued; // the same, to be found by address
+    qsizetype m_nextSweep = firstSweep;
     QList<QPointer<Figure>> m_coming; // what is left of the present pass
     QList<QPointer<Figure>> m_late;   // what called for validation too late for it
     int m_passes = 0;                 // under way, one inside the other
     QPointer<FreeformWidget> m_widget;
-    IFigureViewer *m_viewer = nullptr;
+    InterfacePointer<IFigureViewer> m_viewer;
 };
 
 } // namespace Velmora::Figura
