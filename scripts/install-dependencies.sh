@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need, with --fuzz what the fuzzer needs.
+# missing; with --tests, --coverage and --fuzz also what only these need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -10,10 +10,14 @@ packages=(
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
-case "${1:-}" in
---tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
---fuzz) packages+=(clang libclang-rt-dev) ;;
-esac
+for purpose in "$@"; do
+    case $purpose in
+    --tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
+    --coverage) packages+=(gcovr) ;;
+    --fuzz) packages+=(clang libclang-rt-dev) ;;
+    *) die "unknown argument $purpose" ;;
+    esac
+done
 
 is_installed()
 {
