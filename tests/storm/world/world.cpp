@@ -177,7 +177,6 @@ void World::watch(Figure *figure)
     on(figure, &Figure::ancestorAdded, Moment::Ancestor);
     on(figure, &Figure::ancestorMoved, Moment::Ancestor);
     on(figure, &Figure::ancestorRemoved, Moment::Ancestor);
-    on(figure, &QObject::destroyed, Moment::Destroyed);
     if (auto *shape = qobject_cast<Shape *>(figure))
         on(shape, &Shape::pathChanged, Moment::Path);
     if (auto *layer = qobject_cast<FreeformLayer *>(figure))
