@@ -143,8 +143,9 @@ void World::happens(Moment moment)
         run(*operation);
 }
 
-// What still waits may go on for ever, so it has one chance. What is queued while nothing is painted
-// waits for the next paint, as documented; a program that cannot wait asks for the update itself.
+// What still waits may go on for ever, so it has one chance. What is queued while nothing is
+// painted waits for the next paint, as documented; a program that cannot wait asks for the update
+// itself.
 void World::settle()
 {
     stage.settle();
