@@ -248,8 +248,8 @@ void tst_FreeformViewerCoordinates::damagedContentIsUpdatedOnTheWidget()
     QVERIFY(painted.region.isEmpty());
     QTRY_VERIFY(!painted.region.isEmpty());
 
-    // Where units are not device pixels a little more is painted, so that pixels on the edge are not
-    // left out: at least half of a one-unit pen and the pixel that Qt smooths.
+    // Where units are not device pixels a little more is painted, so that pixels on the edge are
+    // not left out: at least half of a one-unit pen and the pixel that Qt smooths.
     const bool isExact = scale == 1.0 && scene.viewer.devicePixelRatioF() == 1.0;
     const int least = isExact ? 0 : int(std::ceil(scale / 2)) + 1;
     const int more = isExact ? 0 : int(scale) + 3;
