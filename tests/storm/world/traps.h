@@ -19,7 +19,6 @@ enum class Moment {
     AnchorMoved, ///< anchorMoved().
     Constrained, ///< constraintChanged().
     Ancestor,    ///< ancestorAdded(), ancestorMoved() and ancestorRemoved().
-    Destroyed,   ///< destroyed() of a figure.
     Count
 };
 

@@ -82,8 +82,7 @@ bool UpdateWatch::isBroken(const Promise &promise) const
         return false;
     if (!promise.hasParent)
         return true;
-    return promise.parent && figure->getParentFigure() == promise.parent &&
-           isValid(promise.parent);
+    return promise.parent && figure->getParentFigure() == promise.parent && isValid(promise.parent);
 }
 
 void UpdateWatch::reportBroken()

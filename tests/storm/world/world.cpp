@@ -143,8 +143,9 @@ void World::happens(Moment moment)
         run(*operation);
 }
 
-// What still waits may go on for ever, so it has one chance. What is queued while nothing is painted
-// waits for the next paint, as documented; a program that cannot wait asks for the update itself.
+// What still waits may go on for ever, so it has one chance. What is queued while nothing is
+// painted waits for the next paint, as documented; a program that cannot wait asks for the update
+// itself.
 void World::settle()
 {
     stage.settle();
@@ -177,7 +178,6 @@ void World::watch(Figure *figure)
     on(figure, &Figure::ancestorAdded, Moment::Ancestor);
     on(figure, &Figure::ancestorMoved, Moment::Ancestor);
     on(figure, &Figure::ancestorRemoved, Moment::Ancestor);
-    on(figure, &QObject::destroyed, Moment::Destroyed);
     if (auto *shape = qobject_cast<Shape *>(figure))
         on(shape, &Shape::pathChanged, Moment::Path);
     if (auto *layer = qobject_cast<FreeformLayer *>(figure))
