@@ -38,7 +38,7 @@ public:
 
     bool isPresent(Figure *child) const
     {
-        if (!m_owner)
+        if (!m_owner || !child) // figures of the application may list no figure
             return false;
         const Layout *layout = layoutOf(m_owner.data());
         if (layout && layout == m_layout) {

@@ -41,8 +41,10 @@ void FreeformWidget::setUpdateManager(UpdateManager *manager)
     if (m_updateManager && m_updateManager->m_widget == this)
         m_updateManager->m_widget = nullptr;
     m_updateManager = manager;
-    if (manager)
+    if (manager) {
         manager->m_widget = this;
+        showNothingAfter(manager);
+    }
     if (m_content)
         m_content->setUpdateManager(manager);
 }
@@ -62,6 +64,7 @@ bool FreeformWidget::setContent(Figure *content)
     }
 
     m_content = pane;
+    showNothingAfter(pane);
     pane->setBackgroundColor(Qt::transparent);
     const QPointer<FreeformWidget> self(this);
     pane->addNotify(); // runs through all figures, which may be the application's own
@@ -72,6 +75,12 @@ bool FreeformWidget::setContent(Figure *content)
         m_updateManager->addInvalidFigure(pane);
     pane->setUpdateManager(m_updateManager);
     return true;
+}
+
+// Without content or manager nothing is painted: then what is left of them has to go as well.
+void FreeformWidget::showNothingAfter(QObject *part)
+{
+    connect(part, &QObject::destroyed, this, qOverload<>(&QWidget::update), Qt::UniqueConnection);
 }
 
 Figure *FreeformWidget::getContent() const

@@ -88,6 +88,8 @@ public:
         viewer->setContent(pane);
         viewer->resize(400, 300);
         viewer->show();
+        // Before that a real display paints nothing.
+        isExposed = QTest::qWaitForWindowExposed(viewer);
         settle(viewer);
     }
 
@@ -98,6 +100,7 @@ public:
         delete top;
     }
 
+    bool isExposed = false;
     QPointer<FreeformLayeredPane> pane = new FreeformLayeredPane;
     QPointer<FreeformLayer> lower = new FreeformLayer;
     QPointer<FreeformLayer> upper = new FreeformLayer;

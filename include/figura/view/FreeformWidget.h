@@ -114,6 +114,7 @@ private:
     friend class FreeformViewer;
     friend class UpdateManager; // hands over what a pass has dropped
 
+    void showNothingAfter(QObject *part);
     void setTransformation(double originX, double originY, double scale);
     double clampedScale(double scale) const;
     double adjustSizeToScale(double scale, const QPoint *at);
