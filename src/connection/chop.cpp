@@ -39,6 +39,9 @@ QPoint chopEllipse(const QRectF &box, const QPoint &reference)
     if (dy == 0.0)
         return QPointF(dx > 0.0 ? box.x() + box.width() : box.x(), reference.y()).toPoint();
 
+    if (box.isNull()) // no direction leads out of a point; the formula would divide 0 by 0
+        return centre.toPoint();
+
     const double k = box.width() * dy / (box.height() * dx);
     const double ex = box.width() * std::copysign(0.5, dx) / std::sqrt(k * k + 1.0);
     const double ey = box.height() * std::copysign(0.5, dy) / std::sqrt(1.0 / (k * k) + 1.0);

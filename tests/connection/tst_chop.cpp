@@ -166,6 +166,7 @@ private Q_SLOTS:
     void ellipseIsLeftAtTheKnownPixel();
     void ellipseIsLeftWhereTheReferenceSays();
     void ellipseIsAbsolute();
+    void ellipseWithoutSizeEndsAtItsPoint();
 };
 
 void tst_Chop::boxIsLeftAtTheKnownPixel_data()
@@ -316,6 +317,14 @@ void tst_Chop::ellipseIsAbsolute()
     owner.setBounds(QRect(0, 0, 100, 50));
 
     QCOMPARE(EllipseAnchor(&owner).getLocation(QPoint(1300, 2025)), QPoint(1100, 2025));
+}
+
+void tst_Chop::ellipseWithoutSizeEndsAtItsPoint()
+{
+    Figure owner;
+    owner.setBounds(QRect(30, 40, 0, 0));
+
+    QCOMPARE(EllipseAnchor(&owner).getLocation(QPoint(90, 70)), QPoint(30, 40));
 }
 
 QTEST_MAIN(tst_Chop)

@@ -84,10 +84,18 @@ void World::destroyAll()
     stage.close();
 }
 
+// The viewer deletes only managers that are replaced: the last one goes with it as its child.
+void World::watchUpdates()
+{
+    auto *watch = new UpdateWatch(*this);
+    watch->setParent(stage.viewer());
+    stage.viewer()->setUpdateManager(watch);
+}
+
 void World::openViewer()
 {
     stage.open();
-    stage.viewer()->setUpdateManager(new UpdateWatch(*this));
+    watchUpdates();
     QObject::connect(stage.viewer(), &FreeformViewer::scaleChanged, m_context.get(),
                      [this]() { happens(Moment::Scaled); });
 }
@@ -97,7 +105,7 @@ void World::recover()
     if (!stage.viewer() || !stage.widget())
         openViewer();
     if (!updateManager()) {
-        stage.viewer()->setUpdateManager(new UpdateWatch(*this));
+        watchUpdates();
         stage.askForFullRepaint();
     }
     ensureContent();

@@ -45,6 +45,7 @@ public:
     Herd<FreeformLayeredPane> panes;
 
     /// Runs one operation, or keeps it for the moment that it is to wait for.
+    void watchUpdates(); ///< With a new manager of its own.
     void perform(const Operation &operation);
     void catchNext(Moment moment) { m_traps.arm(moment); }
     void happens(Moment moment); ///< Runs what waits for the moment.

@@ -98,8 +98,8 @@ void addPane(World &world, Numbers &)
 
 void changeManager(World &world, Numbers &)
 {
-    if (FreeformViewer *viewer = world.stage.viewer())
-        viewer->setUpdateManager(new UpdateWatch(world));
+    if (world.stage.viewer())
+        world.watchUpdates();
     world.stage.askForFullRepaint(); // what the former one had queued is lost
 }
 
