@@ -75,6 +75,12 @@ void leaveParent(World &world)
     figure->setParentFigure(nullptr);
 }
 
+void stayAttached(World &world)
+{
+    auto *figure = world.adopt(new Probed<Figure>(world));
+    figure->addNotify();
+}
+
 void hideFromSearches(World &world)
 {
     addTo<BlindFigure>(world, QRect(0, 0, 90, 90));
@@ -143,6 +149,7 @@ void tst_StormChecks::flawIsNoticed_data()
     QTest::addColumn<Spoiler>("spoil");
     QTest::addColumn<QByteArray>("kind");
     QTest::newRow("a child without its parent") << Spoiler(leaveParent) << QByteArray("tree");
+    QTest::newRow("attached to nothing") << Spoiler(stayAttached) << QByteArray("tree");
     QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
     QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
     QTest::newRow("lines of a former connection")

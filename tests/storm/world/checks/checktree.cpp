@@ -2,6 +2,8 @@
 #include "../updatewatch.h"
 #include "../world.h"
 
+#include "figure/hadparent_p.h"
+
 namespace Velmora::Figura::Storm {
 namespace {
 
@@ -70,8 +72,13 @@ private:
         Figure *parent = figure->getParentFigure();
         if (m_world.isForgotten(figure))
             return;
-        if (!parent) // may be attached all the same: a parent that is destroyed detaches nobody
+        if (!parent) {
+            // A parent that is destroyed detaches nobody.
+            const bool isOrphan = figure->getFlag(FLAG_HAD_PARENT);
+            expect(!isAttached(figure) || isOrphan || qobject_cast<LayeredPane *>(figure), figure,
+                   "is attached without a parent");
             return;
+        }
         expect(!isWithin(parent, figure), figure, "is its own ancestor");
         expect(parent->childFigures().contains(figure), figure, "is not listed by its parent");
     }
