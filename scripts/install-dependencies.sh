@@ -6,7 +6,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 packages=(
     cmake ninja-build ccache g++ pkg-config
-    qt6-base-dev libgl-dev
+    qt6-base-dev qt6-svg-dev libgl-dev
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <figura/diagram/export.h>
+
+#include <QImage>
+#include <QPointer>
+#include <QRect>
+#include <QTimer>
+#include <QTransform>
+#include <QWidget>
+
+namespace Velmora::Figura {
+
+class Diagram;
+class DiagramView;
+
+/// Shows the whole diagram of a view small, marks the visible part, and moves it by mouse.
+///
+/// Keeps a picture, and paints figures only where the content has changed, all changes of about a
+/// tenth of a second at once: scrolling, zooming and repainting the view cost it nothing.
+class FIGURA_DIAGRAM_EXPORT Overview : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Overview(QWidget *parent = nullptr);
+    explicit Overview(DiagramView *view, QWidget *parent = nullptr);
+    ~Overview() override;
+
+    DiagramView *getView() const;
+    void setView(DiagramView *view); ///< Not owned; null for none.
+
+    QPointF toContent(const QPointF &position) const; ///< From pixels of this widget.
+    QRectF fromContent(const QRectF &rect) const;     ///< To pixels of this widget.
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+};
+
+} // namespace Velmora::Figura

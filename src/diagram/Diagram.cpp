@@ -1,0 +1,5 @@
+#include <figura/diagram/Diagram.h>
+
+namespace Velmora::Figura {
+
+} // namespace Velmora::Figura

@@ -1,0 +1,5 @@
+#include <figura/diagram/DiagramView.h>
+
+namespace Velmora::Figura {
+
+} // namespace Velmora::Figura

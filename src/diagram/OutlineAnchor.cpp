@@ -1,0 +1,5 @@
+#include <figura/diagram/OutlineAnchor.h>
+
+namespace Velmora::Figura {
+
+} // namespace Velmora::Figura

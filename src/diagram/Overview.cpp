@@ -1,0 +1,5 @@
+#include <figura/diagram/Overview.h>
+
+namespace Velmora::Figura {
+
+} // namespace Velmora::Figura

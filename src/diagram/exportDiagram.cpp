@@ -1,0 +1,5 @@
+#include <figura/diagram/exportDiagram.h>
+
+namespace Velmora::Figura {
+
+} // namespace Velmora::Figura
