@@ -8,15 +8,21 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QPolygonF>
 #include <QRect>
+#include <QSet>
+
+#include <memory>
 
 class QPainter;
 
 namespace Velmora::Figura {
 
-class BendpointConnectionRouter;
+class BendRouter;
 class ConnectionLayer;
+class DiagramLinks;
 class DiagramPane;
+class DiagramView;
 class FreeformLayer;
 class FreeformLayeredPane;
 class IConnectionAnchor;
@@ -27,7 +33,8 @@ class TextFigure;
 ///
 /// Works the same whether it is shown or not: what is added is built, placed and connected at once.
 /// Owns its layers and all that is added to it. What the program destroys itself leaves the diagram
-/// and takes its connections along.
+/// and takes its connections along. What lies inside a figure follows its moves, whatever layout it
+/// has; and the paper may grow and shrink without moving anything.
 /// All points and rectangles are in content coordinates, those of the figures. What cannot be done
 /// changes nothing and gives false, null or an empty value. GUI thread only.
 class FIGURA_DIAGRAM_EXPORT Diagram : public QObject
@@ -103,7 +110,7 @@ public:
     /// Writes \a text into the middle of \a figure, or replaces what such a call wrote before.
     /// \a figure may be a text or label figure itself. Returns what shows the text; null for null
     /// and for a figure with children of its own.
-    TextFigure *setText(Figure *figure, const QString &text);
+    static TextFigure *setText(Figure *figure, const QString &text);
 
     // Connections.
 
@@ -137,7 +144,8 @@ public:
     void reroute();
 
     Arrow getArrow(const PolylineConnection *connection, End end) const;
-    bool setArrow(PolylineConnection *connection, End end, Arrow arrow); ///< As wide as the line.
+    /// In the colour and width that the line has now.
+    bool setArrow(PolylineConnection *connection, End end, Arrow arrow);
 
     /// Keeps \a text at the middle of the connection; an empty text takes the label away. Returns
     /// the label, owned by the connection, which may be styled; null when there is none.
@@ -154,9 +162,9 @@ public:
     QList<Figure *> findFigures(const QRect &rect, bool containedOnly) const;
 
     /// The area that all visible figures and connections paint; invalid while there are none.
-    QRect getExtent() const;
+    QRect getExtent();
     /// The same for some figures and the connections between them.
-    QRect getExtent(const QList<Figure *> &figures) const;
+    QRect getExtent(const QList<Figure *> &figures);
 
     /// Lays out and routes now what is stale; otherwise the next paint does it.
     void validate();
@@ -179,14 +187,47 @@ Q_SIGNALS:
     void figureMoved(Figure *figure); ///< After a figure that was added has moved or resized.
     void connectionAdded(PolylineConnection *connection);
     void connectionRemoved(PolylineConnection *connection); ///< As figureRemoved().
-    void extentChanged();                                   ///< getExtent() may answer differently.
 
 private:
-    friend class DiagramView; // zooms a diagram that is empty
-
-    struct Link;
+    friend class DiagramPane; // asks for what is painted
+    friend class DiagramView; // a diagram shows in one view
 
     bool addFigure(Figure *figure, const QRect &rect, int index);
+    void watch(Figure *figure);
+    void watchLine(Figure *figure);
+    void unwatch(Figure *figure);
+    void settleMoved(Figure *figure);
+    void noteReach(Figure *figure);
+    void forgetDestroyed(Figure *figure);
+    bool isAdded(const Figure *figure) const;
+    Figure *addedFigure(Figure *inside) const;
+    QRect paintedExtent();
+
+    void watchForDestruction(Figure *figure);
+    void setEnds(PolylineConnection *connection, Figure *source, Figure *target);
+    void applyRouting(PolylineConnection *connection);
+    void removeConnection(PolylineConnection *connection);
+    void removeConnectionsInside(Figure *figure);
+    void removeLooseConnections();
+    QList<PolylineConnection *> connectionsBetween(const QList<Figure *> &figures) const;
+    void renderThese(QPainter *painter, const QRect &area, const QList<Figure *> &figures,
+                     const QList<PolylineConnection *> &connections);
+
+    DiagramPane *m_pane;
+    FreeformLayer *m_figureLayer;
+    ConnectionLayer *m_connectionLayer;
+    FreeformLayer *m_feedbackLayer;
+    BendRouter *m_bendRouter;
+    ManhattanConnectionRouter *m_manhattanRouter;
+    std::unique_ptr<DiagramLinks> m_links;
+    std::unique_ptr<QObject> m_watch; // receives what the content tells; goes first
+    QSet<const Figure *> m_added;
+    QSet<const Figure *> m_watchedForDestruction;
+    QHash<const Figure *, QPolygonF> m_outlines; // of polylines, before they are fitted
+    bool m_fitting = false;
+    int m_reach = 2; // how far beyond its bounds a figure may paint
+    bool m_antialiased = true;
+    QPointer<QObject> m_view;
 };
 
 } // namespace Velmora::Figura

@@ -4,12 +4,13 @@
 #include <figura/diagram/export.h>
 #include <figura/view/FreeformViewer.h>
 
+#include <QCursor>
 #include <QPointer>
 
-#include <memory>
 #include <optional>
 
 class QGestureEvent;
+class QNativeGestureEvent;
 
 namespace Velmora::Figura {
 
@@ -47,13 +48,15 @@ public:
     /// to the top left, when it is too large.
     void reveal(const QRect &rect);
 
+    void centerOn(const QPointF &point); ///< In content coordinates; the canvas grows if need be.
+
     /// True from the press of the space bar or the middle button to the release: a tool that
     /// watches the canvas stands back meanwhile.
     bool isPanning() const;
 
-    // Operations of the base that are seen here too.
-
+    void setUpdateManager(UpdateManager *manager) override;
     void updateContentRect(const QRect &rect) override;
+    using QWidget::update;
     void update() override;
 
 Q_SIGNALS:
@@ -81,6 +84,44 @@ protected:
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
+
+private:
+    void prepare();
+    void letGo();
+    void take(Diagram *diagram);
+    void place();
+
+    void queueFollow();
+    void follow();
+    void showAt(const QPointF &corner);
+    void resizeCanvas(const QRectF &area);
+    void chooseScrollBars(const QRect &content);
+    void scrollTo(const QPointF &corner);
+    QRect paperOfContent() const;
+    QPointF corner();
+    QSizeF viewSize() const;
+    double largestScale() const;
+
+    void startPan(const QPoint &position);
+    void endPan();
+    void setSpaceHeld(bool held);
+    bool zoomByKey(const QKeyEvent *event);
+    bool scrollByKey(const QKeyEvent *event);
+    bool gestureEvent(QGestureEvent *event);
+    bool nativeGestureEvent(QNativeGestureEvent *event);
+
+    QPointer<Diagram> m_diagram;
+    FreeformLayeredPane *m_emptyPane; // the content while there is no diagram
+    QMetaObject::Connection m_validation;
+    std::optional<QPointF> m_corner; // what rounding to pixels would lose, while nobody scrolls
+    double m_cornerScale = 0.0;      // the scale at which that is true
+    bool m_adjusting = false;
+    bool m_followQueued = false;
+    bool m_placed = false;
+    bool m_spaceHeld = false;
+    std::optional<QPoint> m_panFrom;
+    QPointF m_panCorner;
+    std::optional<QCursor> m_cursorBefore;
 };
 
 } // namespace Velmora::Figura

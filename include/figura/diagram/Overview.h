@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <QTimer>
 #include <QTransform>
 #include <QWidget>
@@ -37,9 +38,27 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    void prepare();
+    void restart();
+    void noteDamage(const QRect &rect);
+    void refresh();
+    bool fitPicture();
+    void paintDamage();
+    void moveView(const QPointF &position);
+    QTransform toPicture() const;
+
+    QPointer<DiagramView> m_view;
+    QImage m_picture;
+    QRect m_area;     // what the picture shows, in content coordinates
+    QRegion m_damage; // what of it is out of date, in content coordinates
+    QPointF m_grip;   // where in the frame of the visible part the mouse holds it
+    QTimer m_timer;
 };
 
 } // namespace Velmora::Figura
