@@ -11,7 +11,7 @@ packages=(
     fonts-dejavu-core
 )
 if [ "${1:-}" = --tests ]; then
-    packages+=(clang-format graphviz-doc poppler-utils)
+    packages+=(clang-format graphviz-doc imagemagick poppler-utils xdotool xvfb)
 fi
 
 is_installed()

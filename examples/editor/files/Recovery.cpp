@@ -94,6 +94,12 @@ void Recovery::noteChange(const QString &origin)
         m_timer.start();
 }
 
+void Recovery::writeNow(const QString &origin)
+{
+    m_origin = origin;
+    writeCopy();
+}
+
 void Recovery::settle()
 {
     m_timer.stop();

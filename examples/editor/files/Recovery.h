@@ -37,6 +37,7 @@ public:
 
     /// The document has changed and is not saved. Changes that follow do not put the copy off.
     void noteChange(const QString &origin);
+    void writeNow(const QString &origin); ///< The same without a delay.
     void settle(); ///< The document is saved or given up: there is nothing to recover.
 
 private:
