@@ -2,6 +2,8 @@
 
 #include "edit/Workbench.h"
 
+#include <numeric>
+
 namespace Editor {
 namespace {
 
@@ -15,6 +17,24 @@ Mark lineMark(Mark::Kind kind, const QLine &line)
 QRect grown(const QRect &rect, int by)
 {
     return rect.adjusted(-by, -by, by, by);
+}
+
+// Of very many figures, one around them all: nobody looks at thousands of outlines.
+QList<QRect> outlinesOf(Workbench &bench)
+{
+    constexpr qsizetype many = 100;
+    QList<QRect> rects;
+    const QList<int> nodes = bench.selection().nodes();
+    for (const int id : nodes)
+        rects << bench.scene().rect(id);
+    const QList<int> edges =
+        bench.selection().singleEdge() ? QList<int>() : bench.selection().edges();
+    for (const int id : edges)
+        rects << bench.scene().boundsOf(id);
+    if (rects.size() <= many)
+        return rects;
+    return {std::accumulate(rects.cbegin(), rects.cend(), QRect(),
+                            [](const QRect &all, const QRect &rect) { return all | rect; })};
 }
 
 } // namespace
@@ -45,14 +65,9 @@ void Feedback::reset()
 void Feedback::showSelection()
 {
     QList<Mark> marks;
-    const QList<int> nodes = m_bench.selection().nodes();
-    for (const int id : nodes)
-        marks << Mark{Mark::Kind::Outline, grown(m_bench.scene().rect(id), m_bench.units(2))};
-    const QList<int> edges = m_bench.selection().edges();
-    if (!m_bench.selection().singleEdge()) {
-        for (const int id : edges)
-            marks << Mark{Mark::Kind::Outline, m_bench.scene().boundsOf(id)};
-    }
+    const QList<QRect> outlines = outlinesOf(m_bench);
+    for (const QRect &rect : outlines)
+        marks << Mark{Mark::Kind::Outline, grown(rect, m_bench.units(2))};
     m_grips = Grips::ofSelection(m_bench);
     for (const Grip &grip : std::as_const(m_grips))
         marks << Grips::markOf(grip, m_bench);

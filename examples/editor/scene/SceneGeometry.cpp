@@ -123,9 +123,11 @@ QList<Figure *> Scene::figuresOf(const QList<int> &nodes) const
     return result;
 }
 
+// An empty diagram has no bounds to lay out in, and says so.
 void Scene::validate() const
 {
-    m_diagram.validate();
+    if (!m_nodes.isEmpty())
+        m_diagram.validate();
 }
 
 void Scene::settle() const
