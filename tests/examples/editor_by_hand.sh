@@ -100,7 +100,7 @@ expect_different()
 # An entry of the palette, by the place of its picture, and then the canvas.
 create() # column row x y
 {
-    click $((50 + $1 * 82)) $((110 + $2 * 62))
+    click $((50 + $1 * 76)) $((110 + $2 * 62))
     click "$3" "$4"
 }
 

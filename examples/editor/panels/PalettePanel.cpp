@@ -85,7 +85,7 @@ PalettePanel::PalettePanel(QWidget *parent)
     setObjectName(QStringLiteral("palette"));
     setViewMode(QListView::IconMode);
     setIconSize(Editor::iconSize);
-    setGridSize({82, 62});
+    setGridSize({76, 62});
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);

@@ -108,12 +108,10 @@ void StyleForm::refresh()
 {
     const QList<int> &ids = m_bench.selection().ids();
     setEnabled(!ids.isEmpty());
-    if (ids.isEmpty())
-        return;
-    const Node *node = m_bench.document().node(ids.first());
-    const Edge *edge = m_bench.document().edge(ids.first());
+    const Node *node = m_bench.document().node(ids.value(0));
+    const Edge *edge = m_bench.document().edge(ids.value(0));
     m_isRefreshing = true;
-    show(node ? node->style : edge->style);
+    show(node ? node->style : edge ? edge->style : Style());
     m_isRefreshing = false;
 }
 

@@ -10,14 +10,18 @@ using Velmora::Figura::PolylineDecoration;
 namespace Editor {
 namespace {
 
-// The lengths are in units of the templates, which point to the right with their tips at (0, 0).
+// The templates point to the right with their tips at (0, 0). They are small, the library's own one
+// unit long and two wide: the scale makes them what they are on the screen, so it is set as a
+// whole.
 constexpr int length = 7;
+constexpr int halfWidth = 3;
 constexpr int diamondLength = 12;
+constexpr int diamondHalfWidth = 4;
 
 const QList<QPoint> &diamond()
 {
-    static const QList<QPoint> points = {QPoint(0, 0), QPoint(-6, 4), QPoint(-diamondLength, 0),
-                                         QPoint(-6, -4)};
+    static const QList<QPoint> points = {QPoint(0, 0), QPoint(-1, 1), QPoint(-2, 0),
+                                         QPoint(-1, -1)};
     return points;
 }
 
@@ -33,7 +37,7 @@ PolygonDecoration *createFilled(const ArrowHeads::Look &look, const QColor &fill
     head->setFill(true);
     head->setEnabledFGColor(look.line);
     head->setEnabledBGColor(fill);
-    head->setScale(scaleFor(look.lineWidth), scaleFor(look.lineWidth));
+    head->setScale(length * scaleFor(look.lineWidth), halfWidth * scaleFor(look.lineWidth));
     return head;
 }
 
@@ -42,7 +46,16 @@ PolylineDecoration *createOpen(const ArrowHeads::Look &look)
     auto *head = new PolylineDecoration;
     head->setEnabledFGColor(look.line);
     head->setLineWidth(look.lineWidth);
-    head->setScale(scaleFor(look.lineWidth), scaleFor(look.lineWidth));
+    head->setScale(length * scaleFor(look.lineWidth), halfWidth * scaleFor(look.lineWidth));
+    return head;
+}
+
+PolygonDecoration *createDiamond(const ArrowHeads::Look &look)
+{
+    PolygonDecoration *head = createFilled(look, look.paper);
+    const double scale = scaleFor(look.lineWidth);
+    head->setTemplate(diamond());
+    head->setScale(diamondLength / 2.0 * scale, diamondHalfWidth * scale);
     return head;
 }
 
@@ -52,11 +65,8 @@ IRotatableDecoration *ArrowHeads::create(Arrow arrow, const Look &look)
 {
     if (arrow == Arrow::Filled)
         return createFilled(look, look.line);
-    if (arrow == Arrow::Diamond) {
-        PolygonDecoration *head = createFilled(look, look.paper);
-        head->setTemplate(diamond());
-        return head;
-    }
+    if (arrow == Arrow::Diamond)
+        return createDiamond(look);
     PolylineDecoration *head = createOpen(look);
     if (arrow == Arrow::None) {
         head->setTemplate({});

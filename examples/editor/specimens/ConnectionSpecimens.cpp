@@ -118,14 +118,14 @@ void buildFloatingConnection(Figure *stage)
 void buildPolygonDecoration(Figure *stage)
 {
     auto *head = new PolygonDecoration;
-    head->setScale(2.5, 2.5);
+    head->setScale(18, 8);
     linkedBoxes(stage)->setTargetDecoration(head);
 }
 
 void buildPolylineDecoration(Figure *stage)
 {
     auto *head = new PolylineDecoration;
-    head->setScale(2.5, 2.5);
+    head->setScale(18, 8);
     head->setLineWidth(2);
     linkedBoxes(stage)->setTargetDecoration(head);
 }

@@ -40,7 +40,7 @@ void buildArrowLocator(Figure *stage)
 {
     PolylineConnection *connection = linkedBoxes(stage);
     auto *head = new PolylineDecoration(connection);
-    head->setScale(2, 2);
+    head->setScale(14, 6);
     auto *locator = new ArrowLocator(connection, ConnectionLocator::SOURCE, connection);
     connection->add(head, QVariant::fromValue<QObject *>(locator));
 }
