@@ -66,9 +66,13 @@ void LaneFigure::setFlow(Qt::Orientation flow)
     repaint();
 }
 
+QSize LaneFigure::getMinimumSize()
+{
+    return {0, 0};
+}
+
 void LaneFigure::insert(Figure *figure, const QSize &size, int index)
 {
-    figure->setMinimumSize(size); // so that the lane knows what it has to hold
     m_body->add(figure, size, index);
     m_body->revalidate();
 }
@@ -82,7 +86,6 @@ void LaneFigure::take(Figure *figure)
 
 void LaneFigure::resize(Figure *figure, const QSize &size)
 {
-    figure->setMinimumSize(size);
     m_body->getLayoutManager()->setConstraint(figure, size);
     m_body->revalidate();
     repaint();

@@ -25,6 +25,10 @@ public:
     Qt::Orientation flow() const { return m_flow; }
     void setFlow(Qt::Orientation flow); ///< Keeps what is in the lane.
 
+    /// Nothing: what does not fit is cut off. Otherwise the size of a lane would depend on when it
+    /// was given what it holds.
+    QSize getMinimumSize() override;
+
     /// Neither takes nor gives ownership. An \a index outside appends.
     void insert(Figure *figure, const QSize &size, int index);
     void take(Figure *figure);
