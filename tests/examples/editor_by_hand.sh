@@ -42,7 +42,7 @@ start_display()
 
 start_editor()
 {
-    "$editor" --size 1200x800 "$@" 2>"$folder/errors" &
+    "$editor" --size 1200x800 2>"$folder/errors" &
     pids+=($!)
     editor_pid=$!
     window=$(xdotool search --sync --onlyvisible --pid "$editor_pid" --name "Diagram editor" | tail -1)
