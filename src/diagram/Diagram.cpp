@@ -128,7 +128,6 @@ bool Diagram::addFigure(Figure *figure, const QRect &rect, int index)
     figure->validate();
     settle(figure);
     rebuildPaths(figure);
-    noteReach(figure);
     watch(figure);
     Q_EMIT figureAdded(figure);
     return !added.isNull();
@@ -154,7 +153,6 @@ void Diagram::watchLine(Figure *figure)
     connect(line, &Shape::pathChanged, m_watch.get(), [this, line]() {
         if (!m_fitting)
             m_outlines.insert(line, outlineOfLine(line));
-        noteReach(line);
         Q_EMIT line->figureMoved(line);
     });
 }
@@ -186,9 +184,15 @@ void Diagram::settleMoved(Figure *figure)
         settle(figure);
 }
 
-void Diagram::noteReach(Figure *figure)
+void Diagram::noteReach(const Figure *figure)
 {
     m_reach = std::max(m_reach, reachOf(figure));
+}
+
+// While nobody looks, nobody tells of lines that become wider.
+void Diagram::noteAllReaches()
+{
+    m_reach = std::max(m_reach, reachOfTree(m_pane));
 }
 
 // Only the address is left of the figure.

@@ -103,8 +103,6 @@ bool Diagram::add(PolylineConnection *connection, Figure *source, Figure *target
     setEnds(connection, source, target);
     m_connectionLayer->add(connection);
     applyRouting(connection);
-    connect(connection, &Figure::figureMoved, m_watch.get(),
-            [this, connection]() { noteReach(connection); });
     connect(connection, &QObject::destroyed, m_watch.get(), [this, connection]() {
         if (m_links->remove(connection))
             Q_EMIT connectionRemoved(connection);

@@ -116,6 +116,7 @@ void Diagram::render(QPainter *painter, const QRect &area)
     if (!painter)
         return;
     validate();
+    noteAllReaches();
     renderThese(painter, area, getFigures(), getConnections());
 }
 

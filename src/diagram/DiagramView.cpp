@@ -1,6 +1,7 @@
 #include <figura/diagram/DiagramView.h>
 
 #include "diagrampane_p.h"
+#include "diagramupdates_p.h"
 
 #include <figura/view/FreeformWidget.h>
 #include <figura/view/UpdateManager.h>
@@ -34,7 +35,10 @@ DiagramView::~DiagramView() = default;
 
 void DiagramView::prepare()
 {
-    DiagramView::setUpdateManager(new UpdateManager(this));
+    DiagramView::setUpdateManager(new DiagramUpdates(this, [this](const Figure *figure) {
+        if (m_diagram)
+            m_diagram->noteReach(figure);
+    }));
     setContent(m_emptyPane);
     setScaleBounds(smallestScale, largestScaleAtFirst);
     getCanvas()->setMinimumSize(1, 1); // a view may be smaller than a canvas usually is
@@ -110,6 +114,7 @@ void DiagramView::take(Diagram *diagram)
         queueFollow();
         Q_EMIT diagramChanged(nullptr);
     });
+    diagram->noteAllReaches();
     setContent(diagram->getPane());
 }
 

@@ -147,14 +147,15 @@ void Overview::paintDamage()
     const QTransform transform = toPicture();
     const QRegion damage = std::exchange(m_damage, QRegion());
     for (const QRect &rect : damage) {
-        // Smooth edges take part of the pixels around.
+        // Smooth edges, and lines that are thinner than a pixel, take part of the pixels around.
         const QRect pixels = transform.mapRect(QRectF(rect)).toAlignedRect().adjusted(-1, -1, 1, 1);
+        const QRectF reached(pixels.adjusted(-1, -1, 1, 1));
         painter.setTransform(QTransform());
         painter.setClipRect(pixels & m_picture.rect());
         painter.fillRect(pixels, paperColor(m_view));
         painter.setTransform(transform);
         m_view->getDiagram()->render(&painter,
-                                     transform.inverted().mapRect(QRectF(pixels)).toAlignedRect());
+                                     transform.inverted().mapRect(reached).toAlignedRect());
     }
 }
 

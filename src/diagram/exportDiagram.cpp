@@ -268,7 +268,9 @@ bool exportDiagram(Diagram *diagram, const QString &path, const DiagramExport &o
         !encode(&bytes, subject, options, formatOf(path, options.format), error))
         return false;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // What is still in its buffer when it commits, a full disk swallows without a word.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit())
         return fail(error, QStringLiteral("%1: %2").arg(path, file.errorString()));
     return true;
 }

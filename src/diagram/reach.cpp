@@ -1,5 +1,6 @@
 #include "reach_p.h"
 
+#include "figure/childwalk_p.h"
 #include "line_p.h"
 
 #include <figura/shape/Shape.h>
@@ -7,25 +8,18 @@
 #include <algorithm>
 
 namespace Velmora::Figura {
-namespace {
 
-int lineWidth(const Figure *figure)
+int reachOf(const Figure *figure)
 {
     const auto *shape = qobject_cast<const Shape *>(figure);
-    return shape ? shape->getLineWidth() : 0;
+    return shape ? shape->getLineWidth() + 1 : 1;
 }
 
-} // namespace
-
-int reachOf(Figure *figure)
+int reachOfTree(Figure *figure)
 {
-    int widest = lineWidth(figure);
-    if (!isLine(figure))
-        return 1;
-    const QList<Figure *> children = figure->childFigures();
-    for (const Figure *child : children)
-        widest = std::max(widest, lineWidth(child));
-    return widest + 1;
+    int reach = reachOf(figure);
+    walkChildren(figure, [&reach](Figure *child) { reach = std::max(reach, reachOfTree(child)); });
+    return reach;
 }
 
 QRect paintedRect(Figure *figure)
@@ -33,7 +27,7 @@ QRect paintedRect(Figure *figure)
     const QRect rect = figure->getBoundingRect();
     if (!rect.isValid() || !isLine(figure))
         return rect;
-    const int reach = reachOf(figure) - 1;
+    const int reach = reachOfTree(figure) - 1;
     return rect.adjusted(-reach, -reach, reach, reach);
 }
 

@@ -6,11 +6,14 @@ namespace Velmora::Figura {
 
 class Figure;
 
-/// How far a figure and its children may paint beyond the bounds: lines do, by their width, and
-/// smooth edges by a unit.
-int reachOf(Figure *figure);
+/// How far a figure itself may paint beyond its bounds: a shape by its line, since polylines do not
+/// count it and others only once they get new bounds; and smooth edges by a unit.
+int reachOf(const Figure *figure);
 
-/// The bounding rectangle of \a figure, with what a line paints beyond; invalid when that is.
+/// The same for the figure and all that lies inside it.
+int reachOfTree(Figure *figure);
+
+/// The bounding rectangle of \a figure, with what a polyline paints beyond; invalid when that is.
 QRect paintedRect(Figure *figure);
 
 } // namespace Velmora::Figura

@@ -197,7 +197,8 @@ private:
     void watchLine(Figure *figure);
     void unwatch(Figure *figure);
     void settleMoved(Figure *figure);
-    void noteReach(Figure *figure);
+    void noteReach(const Figure *figure);
+    void noteAllReaches();
     void forgetDestroyed(Figure *figure);
     bool isAdded(const Figure *figure) const;
     Figure *addedFigure(Figure *inside) const;
