@@ -15,6 +15,8 @@
 #include <figura/layout/XYLayout.h>
 #include <figura/shape/LabelFigure.h>
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -49,10 +51,24 @@ TextFigure *textInside(Figure *figure)
     return children.size() == 1 ? qobject_cast<TextFigure *>(children.constFirst()) : nullptr;
 }
 
+// What no colour was chosen for takes that of the palette, which has one for the text upon it.
+QColor inkOn(Figure *figure)
+{
+    const QPalette palette = QGuiApplication::palette();
+    const auto *shape = qobject_cast<Shape *>(figure);
+    const QColor fill = shape ? shape->getEnabledBGColor() : figure->getBackgroundColor();
+    if (shape && shape->getFill() && !fill.isValid())
+        return palette.color(QPalette::Active, QPalette::ButtonText);
+    if (fill.alpha() == 0 || (shape && !shape->getFill()))
+        return palette.color(QPalette::Active, QPalette::Text);
+    return qGray(fill.rgb()) > 110 ? Qt::black : Qt::white;
+}
+
 TextFigure *createText(Figure *figure)
 {
     figure->setLayoutManager(new FillLayout(figure));
     auto *text = new TextFigure(QString(), figure, Qt::transparent);
+    text->setTextColor(inkOn(figure));
     text->setAlignment(Qt::AlignCenter);
     figure->add(text);
     return text;

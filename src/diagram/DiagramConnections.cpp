@@ -37,8 +37,8 @@ Head *createHead(PolylineConnection *connection)
 {
     auto *head = new Head(connection);
     const int width = connection->getLineWidth();
-    const double scale = 1.0 + 0.5 * width; // a wide line would hide a small head
-    head->setScale(scale, scale);
+    const double factor = 1.0 + 0.5 * width; // a wide line would hide a small head
+    head->setScale(7.0 * factor, 3.0 * factor);
     head->setLineWidth(width);
     head->setEnabledFGColor(lineColor(connection));
     head->setEnabledBGColor(lineColor(connection));

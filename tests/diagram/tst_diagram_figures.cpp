@@ -53,6 +53,8 @@ private Q_SLOTS:
     void polygonTellsOfMovesAfterAChangeOfOrder();
     void textIsWrittenIntoFigures_data();
     void textIsWrittenIntoFigures();
+    void textCanBeReadOnItsFill_data();
+    void textCanBeReadOnItsFill();
     void textIsReplaced();
     void textIsRefusedAmongOtherChildren();
     void figuresAreFound();
@@ -420,6 +422,32 @@ void tst_DiagramFigures::textIsWrittenIntoFigures()
     const QImage after = picture(diagram);
     Diagram::setText(figure, QString());
     QCOMPARE(differenceOf(picture(diagram), after).width() > 5, true);
+}
+
+void tst_DiagramFigures::textCanBeReadOnItsFill_data()
+{
+    QTest::addColumn<QColor>("fill");
+    QTest::addColumn<QColor>("ink");
+    QTest::newRow("light") << QColor(0xd7, 0xe8, 0xfa) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(0x20, 0x20, 0x60) << QColor(Qt::white);
+    QTest::newRow("of the palette") << QColor() << QColor(Qt::red);
+}
+
+void tst_DiagramFigures::textCanBeReadOnItsFill()
+{
+    QFETCH(QColor, fill);
+    QFETCH(QColor, ink);
+    const QPalette before = QGuiApplication::palette();
+    QPalette palette = before;
+    palette.setColor(QPalette::Active, QPalette::ButtonText, Qt::red);
+    QGuiApplication::setPalette(palette);
+    Diagram diagram;
+    auto *box = diagram.add(painted<Rectangle>(fill), QRect(0, 0, 100, 50));
+
+    const TextFigure *text = Diagram::setText(box, QStringLiteral("x"));
+    QGuiApplication::setPalette(before);
+
+    QCOMPARE(text->getTextColor(), ink);
 }
 
 void tst_DiagramFigures::textIsReplaced()

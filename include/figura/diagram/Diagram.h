@@ -107,7 +107,8 @@ public:
     /// Moves a figure or connection within its layer: 0 is the lowest, any index outside the top.
     bool setIndex(Figure *figure, int index);
 
-    /// Writes \a text into the middle of \a figure, or replaces what such a call wrote before.
+    /// Writes \a text into the middle of \a figure, in black or white, whichever can be read on its
+    /// fill, or replaces what such a call wrote before.
     /// \a figure may be a text or label figure itself. Returns what shows the text; null for null
     /// and for a figure with children of its own.
     static TextFigure *setText(Figure *figure, const QString &text);

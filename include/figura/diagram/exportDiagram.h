@@ -31,10 +31,10 @@ struct FIGURA_DIAGRAM_EXPORT DiagramExport
     Format format = Format::Auto;
     /// Only these figures and the connections between them; all when empty.
     QList<Figure *> figures;
-    QRect area;        ///< In content coordinates; all that is exported when invalid.
-    int margin = 10;   ///< Around the area, in content units; a negative value counts as 0.
-    QColor background; ///< Nothing is painted behind the figures when it is not valid.
-    QString title;     ///< For the properties of the file.
+    QRect area;      ///< In content coordinates; all that is exported when invalid.
+    int margin = 10; ///< Around the area, in content units; a negative value counts as 0.
+    QColor background = Qt::white; ///< Nothing is painted behind the figures when it is not valid.
+    QString title;                 ///< For the properties of the file.
     double devicePixelRatio = 1.0; ///< PNG: pixels for one content unit.
 
     /// PDF and paper. The area fills one page unless it is tiled; it is never magnified for that.
