@@ -2,6 +2,7 @@
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
+#include <figura/figure/InterfacePointer.h>
 
 namespace Velmora::Figura {
 namespace {
@@ -11,8 +12,9 @@ QPoint locationTowards(IConnectionAnchor *from, IConnectionAnchor *to)
 {
     if (!to)
         return QPoint();
+    const InterfacePointer<IConnectionAnchor> asked(from);
     const QPoint reference = to->getReferencePoint();
-    return from ? from->getLocation(reference) : QPoint();
+    return asked ? asked->getLocation(reference) : QPoint();
 }
 
 template<typename Point>
@@ -60,8 +62,9 @@ void AbstractRouter::route(IConnection *connection)
 {
     if (!connection)
         return;
+    const InterfacePointer<IConnection> alive(connection);
     const QList<QPoint> points = doRoute(connection);
-    if (isRoute(points))
+    if (alive && isRoute(points))
         connection->setPoints(points);
 }
 
@@ -70,8 +73,9 @@ void AbstractRouter::routeF(IConnection *connection)
 {
     if (!connection)
         return;
+    const InterfacePointer<IConnection> alive(connection);
     const QList<QPointF> points = doRouteF(connection);
-    if (isRoute(points))
+    if (alive && isRoute(points))
         connection->setPointsF(points);
 }
 

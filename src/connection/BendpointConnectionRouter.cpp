@@ -1,13 +1,29 @@
 #include <figura/connection/BendpointConnectionRouter.h>
 
 #include "points_p.h"
+#include "routing_p.h"
 
 #include <figura/connection/AbsoluteBendpoint.h>
-#include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
 #include <figura/connection/RelativeBendpoint.h>
 
 namespace Velmora::Figura {
+namespace {
+
+// One of them may destroy the other when it is asked.
+using Anchor = InterfacePointer<IConnectionAnchor>;
+
+QPoint referencePoint(const Anchor &anchor)
+{
+    return anchor ? anchor->getReferencePoint() : QPoint();
+}
+
+QPoint location(const Anchor &anchor, const QPoint &reference)
+{
+    return anchor ? anchor->getLocation(reference) : QPoint();
+}
+
+} // namespace
 
 BendpointConnectionRouter::BendpointConnectionRouter(QObject *parent)
     : AbstractRouter(parent)
@@ -62,26 +78,33 @@ void BendpointConnectionRouter::remove(IConnection *connection)
 
 QList<QPoint> BendpointConnectionRouter::doRoute(IConnection *connection)
 {
-    IConnectionAnchor *source = connection ? connection->getSourceAnchor() : nullptr;
-    IConnectionAnchor *target = connection ? connection->getTargetAnchor() : nullptr;
+    const Anchor source(connection ? connection->getSourceAnchor() : nullptr);
+    const Anchor target(connection ? connection->getTargetAnchor() : nullptr);
     if (!source || !target)
         return {};
 
+    const Routing goesOn(this, connection);
     QList<QPoint> inner;
     const QList<QVariant> bendpoints = getBendpointList(connection);
-    for (const QVariant &bendpoint : bendpoints)
-        inner.append(getBendpointLocation(bendpoint));
+    for (const QVariant &bendpoint : bendpoints) {
+        if (goesOn)
+            inner.append(getBendpointLocation(bendpoint));
+    }
+    if (!goesOn)
+        return {};
 
     // Bendpoints are in the connection's coordinates; anchors answer and are asked in absolute
     // ones.
-    QPoint startReference = inner.isEmpty() ? target->getReferencePoint() : inner.constFirst();
-    QPoint endReference = inner.isEmpty() ? source->getReferencePoint() : inner.constLast();
+    QPoint startReference = inner.isEmpty() ? referencePoint(target) : inner.constFirst();
+    QPoint endReference = inner.isEmpty() ? referencePoint(source) : inner.constLast();
     if (!inner.isEmpty()) {
         connection->translateToAbsolute(startReference);
         connection->translateToAbsolute(endReference);
     }
-    QPoint start = source->getLocation(startReference);
-    QPoint end = target->getLocation(endReference);
+    QPoint start = location(source, startReference);
+    QPoint end = location(target, endReference);
+    if (!goesOn)
+        return {};
     inner.prepend(connection->translateToRelative(start));
     inner.append(connection->translateToRelative(end));
     return inner;

@@ -1,5 +1,7 @@
 #include <figura/connection/ConnectionAnchorBase.h>
 
+#include "figure/listenerconnections_p.h"
+
 #include <figura/connection/IAnchorListener.h>
 
 namespace Velmora::Figura {
@@ -27,15 +29,15 @@ ConnectionAnchorBase::~ConnectionAnchorBase() = default;
 void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "addAnchorListener"))
-        connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
-                SLOT(anchorMoved(IConnectionAnchor *)));
+        ensure(m_listeners)
+            .add(object, connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
+                                 SLOT(anchorMoved(IConnectionAnchor *))));
 }
 
 void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "removeAnchorListener"))
-        disconnect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
-                   SLOT(anchorMoved(IConnectionAnchor *)));
+        ensure(m_listeners).removeAll(object);
 }
 
 } // namespace Velmora::Figura

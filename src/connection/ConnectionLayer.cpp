@@ -16,15 +16,21 @@ ConnectionLayer::~ConnectionLayer() = default;
 
 bool ConnectionLayer::add(Figure *child, const QVariant &constraint, int index)
 {
+    const QPointer<ConnectionLayer> alive(this);
+    const QPointer<Figure> guarded(child);
     const bool added = FreeformLayer::add(child, constraint, index);
-    handRouterTo(child);
+    if (alive)
+        handRouterTo(guarded);
     return added;
 }
 
 bool ConnectionLayer::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
 {
+    const QPointer<ConnectionLayer> alive(this);
+    const QPointer<Figure> guarded(child);
     const bool added = FreeformLayer::add(child, vStretch, hStretch, index);
-    handRouterTo(child);
+    if (alive)
+        handRouterTo(guarded);
     return added;
 }
 
@@ -39,9 +45,11 @@ void ConnectionLayer::handRouterTo(Figure *child)
 
 bool ConnectionLayer::remove(Figure *child)
 {
+    const QPointer<ConnectionLayer> alive(this);
+    const QPointer<Figure> guarded(child);
     if (auto *connection = qobject_cast<IConnection *>(child))
         connection->setConnectionRouter(nullptr);
-    return FreeformLayer::remove(child);
+    return alive && FreeformLayer::remove(guarded);
 }
 
 void ConnectionLayer::render(QPainter *painter, const QStyleOptionViewItem &option)

@@ -1,8 +1,8 @@
 #include <figura/connection/ManhattanConnectionRouter.h>
 
 #include "points_p.h"
+#include "routing_p.h"
 
-#include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
 #include <figura/figure/Figure.h>
 
@@ -192,16 +192,20 @@ Ray ManhattanConnectionRouter::getDirection(const QRect &box, const QPoint &poin
 
 Ray ManhattanConnectionRouter::getEndDirection(IConnection *connection)
 {
+    const QPointer<ManhattanConnectionRouter> alive(this);
+    const InterfacePointer<IConnection> asked(connection);
     const QPoint point = getEndPoint(connection);
-    return getDirection(boxAt(connection ? connection->getTargetAnchor() : nullptr, point), point,
-                        false);
+    const QRect box = boxAt(asked ? asked->getTargetAnchor() : nullptr, point);
+    return alive ? getDirection(box, point, false) : LEFT;
 }
 
 Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
 {
+    const QPointer<ManhattanConnectionRouter> alive(this);
+    const InterfacePointer<IConnection> asked(connection);
     const QPoint point = getStartPoint(connection);
-    return getDirection(boxAt(connection ? connection->getSourceAnchor() : nullptr, point), point,
-                        false);
+    const QRect box = boxAt(asked ? asked->getSourceAnchor() : nullptr, point);
+    return alive ? getDirection(box, point, false) : LEFT;
 }
 
 bool ManhattanConnectionRouter::rowUsable(IConnection * /*connection*/, int row) const
@@ -229,12 +233,21 @@ QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
     if (!connection || !connection->getSourceAnchor() || !connection->getTargetAnchor())
         return {};
 
+    const Routing goesOn(this, connection);
     QPoint start = getStartPoint(connection);
+    if (!goesOn)
+        return {};
     connection->translateToRelative(start);
     QPoint end = getEndPoint(connection);
+    if (!goesOn)
+        return {};
     connection->translateToRelative(end);
     const Ray startDirection = getStartDirection(connection);
+    if (!goesOn)
+        return {};
     const Ray endDirection = getEndDirection(connection);
+    if (!goesOn)
+        return {};
 
     const Ray from(start);
     const Ray to(end);

@@ -1,8 +1,7 @@
 #include <figura/connection/NullRouter.h>
 
 #include "points_p.h"
-
-#include <figura/connection/IConnection.h>
+#include "routing_p.h"
 
 namespace Velmora::Figura {
 
@@ -24,9 +23,14 @@ QList<QPoint> NullRouter::doRoute(IConnection *connection)
 {
     if (!connection)
         return {};
+    const Routing goesOn(this, connection);
     QPoint start = getStartPoint(connection);
+    if (!goesOn)
+        return {};
     connection->translateToRelative(start);
     QPoint end = getEndPoint(connection);
+    if (!goesOn)
+        return {};
     connection->translateToRelative(end);
     return {start, end};
 }

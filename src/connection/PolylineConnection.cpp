@@ -96,8 +96,10 @@ QVariant PolylineConnection::getRoutingConstraint()
 
 void PolylineConnection::setRoutingConstraint(const QVariant &constraint)
 {
+    const QPointer<PolylineConnection> alive(this);
     m_core->router()->setConstraint(this, constraint);
-    revalidate();
+    if (alive)
+        revalidate();
 }
 
 IConnectionAnchor *PolylineConnection::getSourceAnchor() const
@@ -132,17 +134,25 @@ QRect PolylineConnection::getBounds()
 
 void PolylineConnection::addNotify()
 {
+    const QPointer<PolylineConnection> alive(this);
     Polyline::addNotify();
-    m_core->hook(m_core->source);
-    m_core->hook(m_core->target);
+    if (alive)
+        m_core->hook(m_core->source);
+    if (alive)
+        m_core->hook(m_core->target);
 }
 
 void PolylineConnection::removeNotify()
 {
+    // Anchors and routers may be the application's own, and destroy whom they have served.
+    const QPointer<PolylineConnection> alive(this);
     m_core->unhook(m_core->source);
-    m_core->unhook(m_core->target);
-    m_core->router()->remove(this);
-    Polyline::removeNotify();
+    if (alive)
+        m_core->unhook(m_core->target);
+    if (alive)
+        m_core->router()->remove(this);
+    if (alive)
+        Polyline::removeNotify();
 }
 
 void PolylineConnection::layout()
@@ -163,7 +173,8 @@ void PolylineConnection::revalidate()
 {
     const QPointer<PolylineConnection> alive(this);
     m_core->eraseBounds();
-    Polyline::revalidate();
+    if (alive)
+        Polyline::revalidate();
     if (alive)
         m_core->router()->invalidate(this);
 }

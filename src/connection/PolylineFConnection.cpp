@@ -96,8 +96,10 @@ QVariant PolylineFConnection::getRoutingConstraint()
 
 void PolylineFConnection::setRoutingConstraint(const QVariant &constraint)
 {
+    const QPointer<PolylineFConnection> alive(this);
     m_core->router()->setConstraint(this, constraint);
-    revalidate();
+    if (alive)
+        revalidate();
 }
 
 IConnectionAnchor *PolylineFConnection::getSourceAnchor() const
@@ -132,17 +134,25 @@ QRect PolylineFConnection::getBounds()
 
 void PolylineFConnection::addNotify()
 {
+    const QPointer<PolylineFConnection> alive(this);
     PolylineF::addNotify();
-    m_core->hook(m_core->source);
-    m_core->hook(m_core->target);
+    if (alive)
+        m_core->hook(m_core->source);
+    if (alive)
+        m_core->hook(m_core->target);
 }
 
 void PolylineFConnection::removeNotify()
 {
+    // Anchors and routers may be the application's own, and destroy whom they have served.
+    const QPointer<PolylineFConnection> alive(this);
     m_core->unhook(m_core->source);
-    m_core->unhook(m_core->target);
-    m_core->router()->remove(this);
-    PolylineF::removeNotify();
+    if (alive)
+        m_core->unhook(m_core->target);
+    if (alive)
+        m_core->router()->remove(this);
+    if (alive)
+        PolylineF::removeNotify();
 }
 
 void PolylineFConnection::layout()
@@ -163,7 +173,8 @@ void PolylineFConnection::revalidate()
 {
     const QPointer<PolylineFConnection> alive(this);
     m_core->eraseBounds();
-    PolylineF::revalidate();
+    if (alive)
+        PolylineF::revalidate();
     if (alive)
         m_core->router()->invalidate(this);
 }

@@ -87,14 +87,19 @@ void RelativeBendpoint::setRelativeDimensions(const QSize &dim1, const QSize &di
 
 QPoint RelativeBendpoint::getLocation()
 {
-    IConnection *connection = getConnection();
-    IConnectionAnchor *source = connection ? connection->getSourceAnchor() : nullptr;
-    IConnectionAnchor *target = connection ? connection->getTargetAnchor() : nullptr;
+    using Anchor = InterfacePointer<IConnectionAnchor>;
+    const InterfacePointer<IConnection> connection = m_connection;
+    const Anchor source(connection ? connection->getSourceAnchor() : nullptr);
+    const Anchor target(connection ? connection->getTargetAnchor() : nullptr);
     if (!source || !target)
         return QPoint();
 
+    // Anchors may be the application's own, and destroy one another, or who asks.
+    const QPointer<RelativeBendpoint> alive(this);
     const QPoint a1 = source->getReferencePoint();
-    const QPoint a2 = target->getReferencePoint();
+    const QPoint a2 = target ? target->getReferencePoint() : QPoint();
+    if (!alive || !connection)
+        return QPoint();
     QPoint location(
         weighted(m_weight, a1.x() + m_relativeDim1.width(), a2.x() + m_relativeDim2.width()),
         weighted(m_weight, a1.y() + m_relativeDim1.height(), a2.y() + m_relativeDim2.height()));

@@ -1,6 +1,8 @@
 #include "connectioncore_p.h"
 
+#include "figure/announcedobject_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/paintreach_p.h"
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
@@ -12,6 +14,8 @@
 #include <figura/view/IViewport.h>
 #include <figura/view/UpdateManager.h>
 
+#include <utility>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -22,9 +26,9 @@ QRect grown(const QRect &rect)
     return rect.adjusted(-boundsAllowance, -boundsAllowance, boundsAllowance, boundsAllowance);
 }
 
-QVariant asVariant(IConnectionRouter *router)
+QObject *asObject(IConnectionRouter *router)
 {
-    return QVariant::fromValue(dynamic_cast<QObject *>(router));
+    return dynamic_cast<QObject *>(router);
 }
 
 void updateWholeView(UpdateManager *manager)
@@ -60,26 +64,30 @@ void ConnectionCore::setAnchor(End &end, IConnectionAnchor *anchor)
 {
     if (anchor == end.anchor.get())
         return;
+
+    // Anchors may be the application's own, and destroy whom they are to tell, or one another.
+    const QPointer<Figure> alive(m_figure);
+    const InterfacePointer<IConnectionAnchor> next(anchor);
     unhook(end);
-    end.anchor = anchor;
+    if (!alive)
+        return;
+    end.anchor = next;
     if (m_figure->getParentFigure())
         hook(end);
-    m_figure->revalidate();
+    if (alive)
+        alive->revalidate();
 }
 
 void ConnectionCore::hook(End &end)
 {
-    if (!end.anchor || end.hooked)
-        return;
-    end.anchor->addAnchorListener(m_listener);
-    end.hooked = true;
+    if (end.anchor && !std::exchange(end.hooked, true))
+        end.anchor->addAnchorListener(m_listener);
 }
 
 void ConnectionCore::unhook(End &end)
 {
-    if (end.anchor && end.hooked)
+    if (std::exchange(end.hooked, false) && end.anchor)
         end.anchor->removeAnchorListener(m_listener);
-    end.hooked = false;
 }
 
 bool ConnectionCore::isConnected() const
@@ -100,18 +108,19 @@ void ConnectionCore::setRouter(IConnectionRouter *router)
     if (next == previous)
         return;
 
-    // Whoever is told may destroy the connection, and this with it.
-    Figure *const figure = m_figure;
-    const QPointer<Figure> alive(figure);
+    // Whoever is told may destroy the connection, and this with it, or one of the routers.
+    const QPointer<Figure> alive(m_figure);
+    const AnnouncedObject<QObject> before(asObject(previous));
+    const AnnouncedObject<QObject> after(asObject(next));
+    const InterfacePointer<IConnectionRouter> adopted(next);
     previous->remove(m_connection);
     if (!alive)
         return;
-    const QVariant before = asVariant(previous);
-    m_router = next;
-    Q_EMIT figure->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, before,
-                                   asVariant(next));
+    m_router = adopted;
+    Q_EMIT alive->propertyChanged(IConnection::PROPERTY_CONNECTION_ROUTER, before.value(),
+                                  after.value());
     if (alive)
-        figure->revalidate();
+        alive->revalidate();
 }
 
 void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
@@ -120,11 +129,12 @@ void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
         return;
 
     const QPointer<Figure> alive(m_figure);
+    const InterfacePointer<IRotatableDecoration> next(decoration);
     release(end.decoration.get());
     if (!alive)
         return;
-    end.decoration = decoration;
-    if (auto *figure = dynamic_cast<Figure *>(decoration)) {
+    end.decoration = next;
+    if (auto *figure = dynamic_cast<Figure *>(next.get())) {
         auto *locator = new ArrowLocator(m_connection, end.alignment, figure);
         m_figure->add(figure, QVariant::fromValue<QObject *>(locator), -1);
     } else {
@@ -163,8 +173,10 @@ void ConnectionCore::updateBounds(const QRect &lineBounds)
     m_bounds = bounds;
     if (bounds.isNull())
         return;
-    m_figure->repaint(bounds);
-    Q_EMIT m_figure->figureMoved(m_figure); // last, for a slot may destroy the connection
+    const QPointer<Figure> figure(m_figure); // a slot may destroy the connection
+    figure->repaint(bounds);
+    if (figure)
+        Q_EMIT figure->figureMoved(figure);
 }
 
 void ConnectionCore::eraseBounds()
@@ -179,6 +191,7 @@ void ConnectionCore::eraseBounds()
     }
     if (Figure *parent = m_figure->getParentFigure()) {
         QRect rect = m_bounds;
+        const PaintReach::Damage damage(*m_figure);
         manager->addDirtyRegion(parent, parent->translateToParent(rect));
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "figure/childwalk_p.h"
+
 #include <figura/figure/Figure.h>
 
 #include <QMessageLogger>
@@ -13,9 +15,9 @@ namespace Velmora::Figura {
 /// Whether a child of \a figure contains \a point; decorations thus count as part of their line.
 inline bool anyChildContains(const Figure *figure, const QPoint &point)
 {
-    const QList<Figure *> children = const_cast<Figure *>(figure)->childFigures();
-    for (const Figure *child : children) {
-        if (child && child->contains(point))
+    const ChildWalk walk(figure);
+    for (Figure *child : walk.children()) {
+        if (walk.isPresent(child) && child->contains(point))
             return true;
     }
     return false;
@@ -46,9 +48,8 @@ public:
     template<class Line, class Point>
     static void setPoint(Line *line, const Point &point, int index, const char *refusal)
     {
-        if (!hasPoint(line, index, refusal))
+        if (!hasPoint(line, index, refusal) || !erase(line))
             return;
-        line->erase();
         line->m_points[index] = point;
         if (announce(line))
             line->repaint();
@@ -57,9 +58,9 @@ public:
     template<class Line>
     static void removePoint(Line *line, int index, const char *refusal)
     {
-        if (!hasPoint(line, index, refusal))
+        // What is left lies within the old area, so no repaint has to follow.
+        if (!hasPoint(line, index, refusal) || !erase(line))
             return;
-        line->erase(); // what is left lies within the old area, so no repaint has to follow
         line->m_points.removeAt(index);
         announce(line);
     }
@@ -67,7 +68,8 @@ public:
     template<class Line>
     static void removeAllPoints(Line *line)
     {
-        line->erase();
+        if (!erase(line))
+            return;
         line->m_points.clear();
         announce(line);
     }
@@ -75,8 +77,10 @@ public:
     template<class Line, class Points>
     static void setLinePoints(Line *line, const Points &points)
     {
-        line->erase();
-        line->m_points = points;
+        const Points next = points; // those of a connection may be meant, and go with it
+        if (!erase(line))
+            return;
+        line->m_points = next;
         if (announce(line))
             line->repaint();
     }
@@ -121,10 +125,13 @@ public:
     {
         if (width == line->getLineWidth())
             return;
+        const QPointer<Line> alive(line);
         if (width < line->getLineWidth())
             line->erase();
-        line->Shape::setLineWidth(width);
-        announce(line);
+        if (alive)
+            line->Shape::setLineWidth(width);
+        if (alive)
+            announce(line);
     }
 
     /// Asks for the points by the virtual operation, so that a subclass may supply others.
@@ -162,6 +169,15 @@ public:
     }
 
 private:
+    /// False when that has destroyed the line.
+    template<class Line>
+    static bool erase(Line *line)
+    {
+        const QPointer<Line> alive(line);
+        line->erase();
+        return !alive.isNull();
+    }
+
     /// The empty rectangle says nothing: the points alone make the path. False when a slot has
     /// destroyed the line.
     template<class Line>

@@ -26,9 +26,16 @@ void ArrowLocator::relocate(Figure *target)
         return;
     }
 
+    // A decoration announces its new path each time, and a slot may destroy it, or this locator.
+    const QPointer<ArrowLocator> alive(this);
+    const QPointer<Figure> guarded(target);
+
     // The tip goes to its place before the points are counted, on purpose.
     const int count = connection->getPointCount();
     decoration->setLocation(connection->getPointF(getLocationIndex(count)));
+    connection = alive && guarded ? getConnection() : nullptr;
+    if (!connection)
+        return;
     if (count < 2) {
         QMessageLogger().warning(
             "ArrowLocator::relocate(): connection contains less than 2 points");

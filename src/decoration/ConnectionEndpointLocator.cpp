@@ -141,7 +141,12 @@ void ConnectionEndpointLocator::relocate(Figure *target)
     // Beside a vertical segment all is reckoned with x and y exchanged.
     m_transposer.setEnabled(side == below || side == above);
     const int sign = side == above || side == left ? -1 : 1;
-    const QSize size = transposed(target->getPreferredSize());
+    const QPointer<ConnectionEndpointLocator> alive(this);
+    const QPointer<Figure> guarded(target);
+    const QSize preferred = target->getPreferredSize();
+    if (!alive || !guarded) // figures are measured by the application's code
+        return;
+    const QSize size = transposed(preferred);
     start = transposed(start);
     next = transposed(next);
 

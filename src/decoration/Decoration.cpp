@@ -60,7 +60,10 @@ QVariant Decoration::getConstraint() const
 
 void Decoration::addNotify()
 {
+    const QPointer<Decoration> alive(this);
     Shape::addNotify();
+    if (!alive)
+        return;
     if (!m_owner) {
         QMessageLogger().warning("Decoration::addNotify(): no owner");
         return;
@@ -91,8 +94,10 @@ void Decoration::ancestorAdded(Figure * /*ancestor*/) {}
 
 void Decoration::ancestorMoved(Figure * /*ancestor*/)
 {
+    const QPointer<Decoration> alive(this);
     revalidate();
-    repaint();
+    if (alive)
+        repaint();
 }
 
 void Decoration::ancestorRemoved(Figure * /*ancestor*/) {}

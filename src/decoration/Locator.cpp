@@ -61,8 +61,13 @@ void Locator::relocate(Figure *target)
     if (!target || !target->isVisible())
         return;
 
+    // Both the measuring and the asking are left to subclasses, which may destroy either object.
+    const QPointer<Locator> alive(this);
+    const QPointer<Figure> guarded(target);
     const QSize size = target->getPreferredSize();
-    QPoint point = getReferencePoint();
+    QPoint point = alive ? getReferencePoint() : QPoint();
+    if (!alive || !guarded)
+        return;
     target->translateToRelative(point);
     target->setBounds(getNewBounds(size, point));
 }

@@ -79,7 +79,11 @@ void RelativeLocator::relocate(Figure *target)
     target->translateToRelative(box);
     box.adjust(0, 0, 1, 1);
 
+    const QPointer<RelativeLocator> alive(this);
+    const QPointer<Figure> guarded(target);
     const QSize size = target->getPreferredSize();
+    if (!alive || !guarded) // figures are measured by the application's code
+        return;
     const double dx = box.width() * relativeX() - (size.width() + 1) / 2; // NOLINT: halves of ints
     const double dy = box.height() * relativeY() - (size.height() + 1) / 2; // NOLINT
     box.translate(static_cast<int>(dx), static_cast<int>(dy));

@@ -3,6 +3,7 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "paintreach_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -27,7 +28,11 @@ QSize Figure::getMinimumSize()
 {
     QSize size(0, 0);
     if (Layout *layout = getLayoutManager()) {
-        size = applyMargin(layout->getMinimumSize());
+        const QPointer<Figure> alive(this);
+        const QSize needed = layout->getMinimumSize();
+        if (!alive)
+            return needed;
+        size = applyMargin(needed);
         if (Border *border = getBorder(); border && size.isValid())
             border->getInsets().addTo(size);
     }
@@ -62,14 +67,21 @@ QSize Figure::getPreferredSize()
     if (isValid())
         return m_preferredSize;
 
+    // Layouts and contents are measured by the application's code, which may destroy this figure.
+    const QPointer<Figure> alive(this);
     Layout *layout = getLayoutManager();
     const bool useContent = !layout || getFlag(FLAG_USE_CONTENT_SIZE);
-    QSize size = applyMargin(useContent ? calculateContentSize() : layout->getPreferredSize());
+    const QSize needed = useContent ? calculateContentSize() : layout->getPreferredSize();
+    if (!alive)
+        return needed;
+    QSize size = applyMargin(needed);
     if (Border *border = getBorder(); border && size.isValid())
         border->getInsets().addTo(size);
 
-    m_preferredSize = size.expandedTo(getMinimumSize()).boundedTo(getMaximumSize());
-    return m_preferredSize;
+    const QSize minimum = getMinimumSize();
+    if (alive)
+        m_preferredSize = size.expandedTo(minimum).boundedTo(getMaximumSize());
+    return alive ? m_preferredSize : size;
 }
 
 bool Figure::setPreferredSize(const QSize &size)
@@ -113,8 +125,9 @@ QSize &Figure::removeMargin(QSize &size) const
 
 QRect Figure::getClientArea()
 {
+    const QPointer<Figure> alive(this);
     const QRect bounds = resolveBounds(getBounds());
-    return bounds.isValid() ? calculateContentRect(bounds) : bounds;
+    return alive && bounds.isValid() ? calculateContentRect(bounds) : bounds;
 }
 
 QRect Figure::calculateContentRect(const QRect &rect)
@@ -142,9 +155,9 @@ QRect Figure::resolveBounds(const QRect &rect)
 
     QRect resolved = rect;
     const QSize preferred = getPreferredSize();
-    if (rect.width() < 1 && preferred.width() >= 1)
+    if (resolved.width() < 1 && preferred.width() >= 1)
         resolved.setWidth(preferred.width());
-    if (rect.height() < 1 && preferred.height() >= 1)
+    if (resolved.height() < 1 && preferred.height() >= 1)
         resolved.setHeight(preferred.height());
     if (!resolved.isValid())
         QMessageLogger().debug("Figure::resolveBounds(): resolved bounds still invalid");
@@ -163,18 +176,22 @@ QRect Figure::getBoundingRect()
 
 void Figure::setBounds(const QRect &rect)
 {
+    // Whoever is asked for a size or told of a move, that of a child too, may destroy this figure.
+    const QPointer<Figure> alive(this);
     const QRect bounds = resolveBounds(rect);
+    if (!alive)
+        return;
     const QPoint shift = bounds.topLeft() - m_bounds.topLeft();
     const bool resized = bounds.size() != m_bounds.size();
     if (shift.isNull() && !resized)
         return;
 
-    // Whoever is told of a move, that of a child too, may destroy this figure.
-    const QPointer<Figure> alive(this);
     if (isVisible())
         erase();
-    if (!shift.isNull())
+    if (alive && !shift.isNull())
         primTranslate(shift.x(), shift.y());
+    if (alive)
+        PaintReach::shiftChildren(*this, shift);
     if (alive && resized) {
         m_bounds.setSize(bounds.size());
         invalidate();
@@ -196,8 +213,11 @@ void Figure::translate(int dx, int dy)
     const QPointer<Figure> alive(this);
     if (!useLocalCoordinates())
         primTranslate(dx, dy);
-    if (alive)
-        Q_EMIT figureMoved(this);
+    if (!alive)
+        return;
+    PaintReach::shiftChildren(*this, QPoint(dx, dy));
+    PaintReach::refresh(*this);
+    Q_EMIT figureMoved(this);
 }
 
 } // namespace Velmora::Figura

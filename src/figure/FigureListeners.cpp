@@ -10,16 +10,6 @@
 #include <figura/figure/IPropertyChangeListener.h>
 
 namespace Velmora::Figura {
-namespace {
-
-ListenerConnections &ensure(std::unique_ptr<ListenerConnections> &connections)
-{
-    if (!connections)
-        connections = std::make_unique<ListenerConnections>();
-    return *connections;
-}
-
-} // namespace
 
 void Figure::addAncestorListener(IAncestorListener *listener)
 {

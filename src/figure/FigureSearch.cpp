@@ -23,6 +23,9 @@ const DefaultSearch &defaultSearch()
 
 } // namespace
 
+// What a search asks, and how a figure answers, is the application's code: it may destroy figures,
+// the one that is asked included. It is then as if that one did not meet the point.
+//
 // Searches are const to their callers, but the operations that they stand on are not declared so.
 // They remain calls through the virtual table, so that overrides take effect.
 
@@ -59,7 +62,8 @@ Figure *Figure::findFigureAtExcluding(int x, int y, const QList<Figure *> &exclu
 Figure *Figure::findFigureAt(int x, int y, const ITreeSearch &search) const
 {
     QPoint point(x, y);
-    if (!contains(point) || search.prune(this))
+    const QPointer<const Figure> alive(this);
+    if (!contains(point) || !alive || search.prune(this) || !alive)
         return nullptr;
 
     auto *self = const_cast<Figure *>(this);
@@ -67,9 +71,9 @@ Figure *Figure::findFigureAt(int x, int y, const ITreeSearch &search) const
     Layout *layout = getLayoutManager();
     Figure *found =
         layout ? layout->findDescendantAtExcluding(point.x(), point.y(), search) : nullptr;
-    if (found)
+    if (found || !alive)
         return found;
-    return search.accept(this) ? self : nullptr;
+    return search.accept(this) && alive ? self : nullptr;
 }
 
 QList<Figure *> Figure::findFigures(const QRect &rect, bool containedOnly)
@@ -82,7 +86,8 @@ QList<Figure *> Figure::findFigures(const QRect &rect, bool containedOnly)
 void Figure::findFigures(QList<Figure *> &result, const QRect &rect, const ITreeSearch &search,
                          bool containedOnly) const
 {
-    if (!isIntersecting(rect) || search.prune(this))
+    const QPointer<const Figure> alive(this);
+    if (!isIntersecting(rect) || !alive || search.prune(this) || !alive)
         return;
 
     auto *self = const_cast<Figure *>(this);
@@ -91,9 +96,9 @@ void Figure::findFigures(QList<Figure *> &result, const QRect &rect, const ITree
         layout->findDescendantFigures(result, self->translateFromParent(inside), search,
                                       containedOnly);
     }
-    if (containedOnly && !isContained(rect))
+    if (!alive || (containedOnly && !isContained(rect)))
         return;
-    if (search.accept(this))
+    if (alive && search.accept(this) && alive)
         result.append(self);
 }
 

@@ -2,7 +2,10 @@
 
 #include <figura/figure/Figure.h>
 
+#include "announcedobject_p.h"
 #include "childwalk_p.h"
+#include "hadparent_p.h"
+#include "paintreach_p.h"
 
 #include <figura/layout/Layout.h>
 #include <figura/view/UpdateManager.h>
@@ -74,9 +77,11 @@ Figure *Figure::getParentFigure() const
 
 void Figure::setParentFigure(Figure *parent)
 {
-    const QVariant before = QVariant::fromValue<Figure *>(m_parentFigure);
+    const AnnouncedObject<Figure> before(m_parentFigure);
+    const AnnouncedObject<Figure> after(parent);
     m_parentFigure = parent;
-    Q_EMIT propertyChanged(PROPERTY_PARENT, before, QVariant::fromValue(parent));
+    setFlag(FLAG_HAD_PARENT, parent != nullptr);
+    Q_EMIT propertyChanged(PROPERTY_PARENT, before.value(), after.value());
 }
 
 bool Figure::isVisible() const
@@ -89,12 +94,16 @@ void Figure::setVisible(bool visible)
     if (isVisible() == visible)
         return;
 
+    const QPointer<Figure> alive(this);
     if (!visible)
         erase(); // while it still counts as visible
+    if (!alive)
+        return;
     setFlag(FLAG_VISIBLE, visible);
     if (visible)
         repaint();
-    revalidate();
+    if (alive)
+        revalidate();
 }
 
 void Figure::addNotify()
@@ -104,13 +113,16 @@ void Figure::addNotify()
         return;
     }
     setFlag(FLAG_NOTIFIED, true);
+    PaintReach::refresh(*this);
     walkChildren(this, [](Figure *child) { child->addNotify(); });
 }
 
 void Figure::removeNotify()
 {
+    const QPointer<Figure> alive(this);
     walkChildren(this, [](Figure *child) { child->removeNotify(); });
-    setFlag(FLAG_NOTIFIED, false);
+    if (alive)
+        setFlag(FLAG_NOTIFIED, false);
 }
 
 UpdateManager *Figure::getUpdateManager() const

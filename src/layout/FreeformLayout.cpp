@@ -74,7 +74,7 @@ void FreeformLayout::setContentMonitored(bool monitored)
 QRect FreeformLayout::calculateFreeformExtent()
 {
     QRect extent;
-    Figure *container = getFigure();
+    const QPointer<Figure> container(getFigure());
     if (!container)
         return extent;
 
@@ -84,7 +84,7 @@ QRect FreeformLayout::calculateFreeformExtent()
         if (child->isVisible() && (type == QMetaType::QRect || type == QMetaType::QRectF))
             extent |= child->resolveBounds(constraint.toRect());
     });
-    if (Border *border = container->getBorder())
+    if (const Border *border = container ? container->getBorder() : nullptr)
         border->getInsets().stripFrom(extent);
     return extent;
 }
@@ -100,15 +100,20 @@ const QRect &FreeformLayout::cachedExtent()
 
 QRect FreeformLayout::getFreeformExtent()
 {
-    if (!cachedExtent().isValid())
-        m_extent = calculateFreeformExtent();
-    return m_extent;
+    if (cachedExtent().isValid())
+        return m_extent;
+    const QPointer<FreeformLayout> alive(this);
+    const QRect extent = calculateFreeformExtent();
+    if (alive)
+        m_extent = extent;
+    return extent;
 }
 
 void FreeformLayout::examineExtent()
 {
+    const QPointer<FreeformLayout> alive(this);
     const QRect extent = calculateFreeformExtent();
-    if (extent == cachedExtent())
+    if (!alive || extent == cachedExtent())
         return;
     m_extent = extent;
     Q_EMIT extentChanged();

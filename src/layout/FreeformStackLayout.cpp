@@ -37,15 +37,20 @@ const QRect &FreeformStackLayout::cachedExtent()
 
 QRect FreeformStackLayout::getFreeformExtent()
 {
-    if (!cachedExtent().isValid())
-        m_extent = calculateFreeformExtent();
-    return m_extent;
+    if (cachedExtent().isValid())
+        return m_extent;
+    const QPointer<FreeformStackLayout> alive(this);
+    const QRect extent = calculateFreeformExtent();
+    if (alive)
+        m_extent = extent;
+    return extent;
 }
 
 void FreeformStackLayout::examineExtent()
 {
+    const QPointer<FreeformStackLayout> alive(this);
     const QRect extent = calculateFreeformExtent();
-    if (extent == cachedExtent())
+    if (!alive || extent == cachedExtent())
         return;
     m_extent = extent;
     Q_EMIT extentChanged();

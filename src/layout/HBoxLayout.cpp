@@ -14,7 +14,10 @@ HBoxLayout::~HBoxLayout() = default;
 
 bool HBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
-    return Layout::setConstraint(child, boxConstraint(child, constraint));
+    const QPointer<HBoxLayout> alive(this);
+    const QPointer<Figure> guarded(child);
+    const QVariant raised = boxConstraint(child, constraint); // measures the child
+    return alive && Layout::setConstraint(guarded, raised);
 }
 
 bool HBoxLayout::applyConstraint(Figure *child, const QVariant &constraint)
@@ -39,7 +42,7 @@ bool HBoxLayout::performLayout(const QRect &clientArea)
 {
     const auto stretchOf = [this](Figure *child) {
         const LayoutHelper *helper = getHelper(child);
-        return helper ? &helper->hStretch : nullptr;
+        return helper ? std::optional(helper->hStretch) : std::nullopt;
     };
     return layOutBox(this, Qt::Horizontal, clientArea, {getHTotalStretch(), stretchOf});
 }

@@ -2,6 +2,9 @@
 
 #include "constraint_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/hadparent_p.h"
+#include "figure/paintreach_p.h"
+#include "layoutchildren_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -28,15 +31,6 @@ bool tellAll(Layout *layout, const QList<ILayoutListener *> &listeners, Tell tel
     return !alive.isNull();
 }
 
-// Children leave from either end far more often than from the middle.
-void removeChild(QList<Figure *> &children, Figure *child)
-{
-    if (!children.isEmpty() && children.constLast() == child)
-        children.removeLast();
-    else
-        children.removeOne(child);
-}
-
 // Nobody else would delete an object that was made for the constraint alone.
 void release(QObject *object)
 {
@@ -47,6 +41,22 @@ void release(QObject *object)
 bool isNotified(const Figure *figure)
 {
     return figure && figure->getFlag(Figure::FLAG_NOTIFIED);
+}
+
+// Its parent figure was destroyed, of which it was told nothing.
+bool isOrphan(const Figure *figure)
+{
+    return figure->getFlag(FLAG_HAD_PARENT) && !figure->getParentFigure();
+}
+
+// An orphan from a displayed tree is attached all the while: it must not be attached a second time,
+// nor stay so in a tree that nobody shows.
+void attach(Figure *child, bool isShown, bool wasAttached)
+{
+    if (isShown && !wasAttached)
+        child->addNotify();
+    else if (!isShown && wasAttached)
+        child->removeNotify();
 }
 
 } // namespace
@@ -74,13 +84,11 @@ void Layout::LayoutHelper::setConstraint(const QVariant &constraint)
 
 Layout::Layout(QObject *parent)
     : QObject(parent)
+    , m_children(std::make_unique<LayoutChildren>())
 {
 }
 
-Layout::~Layout()
-{
-    qDeleteAll(m_helpers);
-}
+Layout::~Layout() = default;
 
 bool Layout::add(Figure *child, const QVariant &constraint, int index)
 {
@@ -95,38 +103,44 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
 bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelper &record,
                     int index)
 {
-    if (!m_figure || !child || m_helpers.contains(child))
+    if (!m_figure || !child || getHelper(child))
         return false;
 
-    // Whoever is told on the way may take the child out again, or destroy it or this layout.
-    const QPointer<Layout> alive(this);
-    const auto isPresent = [&alive, child]() { return alive && alive->m_helpers.contains(child); };
-    enlist(child, record, index);
+    // Whoever is told on the way may take the child out again, or destroy it, what it is to be
+    // placed by, or this layout.
+    const LayoutHelper wanted(constraint, 0, 0);
+    const bool wasAttached = isOrphan(child) && isNotified(child);
+    const quint64 joined = enlist(child, record, index);
+    const auto isPresent = [layout = QPointer<Layout>(this), guarded = QPointer<Figure>(child),
+                            joined]() {
+        const LayoutHelper *helper = layout && guarded ? layout->getHelper(guarded) : nullptr;
+        return helper && helper->m_joined == joined;
+    };
     child->setParentFigure(m_figure);
     if (isPresent())
-        setConstraint(child, constraint);
+        setConstraint(child, wanted.getConstraint());
     if (isPresent())
         child->revalidate();
-    if (isPresent() && isNotified(m_figure))
-        child->addNotify();
+    if (isPresent())
+        attach(child, isNotified(m_figure), wasAttached);
     if (isPresent())
         child->repaint();
     return isPresent();
 }
 
-void Layout::enlist(Figure *child, const LayoutHelper &record, int index)
+// Returns what tells this arrival from a later one of the same child.
+quint64 Layout::enlist(Figure *child, const LayoutHelper &record, int index)
 {
-    const bool inside = index >= 0 && index < m_children.size();
-    m_children.insert(inside ? index : m_children.size(), child);
-    auto *helper = new LayoutHelper(record);
+    auto helper = std::make_unique<LayoutHelper>(record);
     helper->m_childWatch =
         connect(child, &QObject::destroyed, this, [this, child]() { forget(child); });
-    m_helpers.insert(child, helper);
+    m_children->insert(index, child, std::move(helper));
+    return getHelper(child)->m_joined;
 }
 
 bool Layout::remove(Figure *child)
 {
-    if (!child || !m_helpers.contains(child))
+    if (!child || !getHelper(child))
         return false;
 
     const QPointer<Layout> alive(this);
@@ -135,8 +149,10 @@ bool Layout::remove(Figure *child)
                  [this](ILayoutListener *listener) { listener->remove(m_figure); }))
         return true;
 
-    const QMetaObject::Connection watch = dismiss(child);
-    if (guarded && isNotified(m_figure)) {
+    const std::unique_ptr<LayoutHelper> record = guarded ? dismiss(child) : nullptr;
+    if (!record) // a listener was quicker
+        return true;
+    if (isNotified(m_figure)) {
         child->removeNotify();
         if (alive && m_figure)
             m_figure->revalidate();
@@ -145,30 +161,26 @@ bool Layout::remove(Figure *child)
         child->erase();
     if (guarded)
         child->setParentFigure(nullptr);
-    disconnect(watch);
-    if (alive)
-        removeChild(m_children, child);
+    disconnect(record->m_childWatch);
+    if (alive && guarded)
+        m_children->remove(child, record.get());
     return true;
 }
 
 // Takes the record of a child away, with what it alone held. The watch over the child goes on until
 // the child has left the list too.
-QMetaObject::Connection Layout::dismiss(Figure *child)
+std::unique_ptr<Layout::LayoutHelper> Layout::dismiss(Figure *child)
 {
-    LayoutHelper *helper = m_helpers.take(child);
-    if (!helper)
-        return {};
-
-    const QMetaObject::Connection watch = helper->m_childWatch;
-    release(helper->m_object);
-    delete helper;
-    return watch;
+    std::unique_ptr<LayoutHelper> record = m_children->takeRecord(child);
+    if (record)
+        release(record->m_object);
+    return record;
 }
 
 void Layout::forget(Figure *destroyedChild)
 {
-    delete m_helpers.take(destroyedChild);
-    removeChild(m_children, destroyedChild);
+    const std::unique_ptr<LayoutHelper> record = m_children->takeRecord(destroyedChild);
+    m_children->remove(destroyedChild, record.get());
     ++m_destroyedChildren;
     if (isNotified(m_figure))
         m_figure->revalidate();
@@ -181,12 +193,12 @@ unsigned int Layout::destroyedChildCount() const
 
 QList<Figure *> Layout::childFigures()
 {
-    return m_children;
+    return m_children->figures();
 }
 
 int Layout::childFigureCount() const
 {
-    return static_cast<int>(m_children.size());
+    return m_children->count();
 }
 
 QVariant Layout::getConstraint(Figure *child)
@@ -200,18 +212,19 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
     if (!getHelper(child))
         return false;
 
+    const LayoutHelper wanted(constraint, 0, 0); // a listener may destroy what it holds
     const bool differs = !sameConstraint(getHelper(child)->getConstraint(), constraint);
     if (differs && !tellAll(this, m_listeners, [&](ILayoutListener *listener) {
-            listener->setConstraint(m_figure, constraint);
+            listener->setConstraint(m_figure, wanted.getConstraint());
         }))
         return true;
 
     if (LayoutHelper *helper = getHelper(child)) {
         QObject *replaced = helper->m_object;
-        helper->setConstraint(constraint);
+        helper->setConstraint(wanted.getConstraint());
         if (replaced != helper->m_object)
             release(replaced);
-        applyConstraint(child, constraint);
+        applyConstraint(child, helper->getConstraint());
     }
     return true;
 }
@@ -227,16 +240,24 @@ bool Layout::applyConstraint(Figure *child, const QVariant &constraint)
 
 QSize Layout::getPreferredSize()
 {
-    if (!m_preferredSize.isValid())
-        m_preferredSize = calculatePreferredSize();
-    return m_preferredSize;
+    if (m_preferredSize.isValid())
+        return m_preferredSize;
+    const QPointer<Layout> alive(this);
+    const QSize size = calculatePreferredSize();
+    if (alive)
+        m_preferredSize = size;
+    return size;
 }
 
 QSize Layout::getMinimumSize()
 {
-    if (!m_minimumSize.isValid())
-        m_minimumSize = calculateMinimumSize();
-    return m_minimumSize;
+    if (m_minimumSize.isValid())
+        return m_minimumSize;
+    const QPointer<Layout> alive(this);
+    const QSize size = calculateMinimumSize();
+    if (alive)
+        m_minimumSize = size;
+    return size;
 }
 
 Qt::Orientations Layout::expandingDirections()
@@ -252,16 +273,19 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                    const ITreeSearch &search, bool containedOnly) const
 {
-    for (Figure *child : m_children) {
-        if (child->isVisible())
+    const ChildWalk walk(this);
+    for (Figure *child : walk.children()) {
+        if (walk.isPresent(child) && child->isVisible())
             child->findFigures(result, rect, search, containedOnly);
     }
 }
 
 Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
 {
-    for (auto child = m_children.crbegin(); child != m_children.crend(); ++child) {
-        if (!(*child)->isVisible())
+    const ChildWalk walk(this);
+    const QList<Figure *> &children = walk.children();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (!walk.isPresent(*child) || !(*child)->isVisible())
             continue;
         if (Figure *found = (*child)->findFigureAt(x, y, search))
             return found;
@@ -318,11 +342,14 @@ bool Layout::layout(Figure *container)
 
     if (!takenOver) {
         QRect area = container->getClientArea();
+        if (!alive || !guarded)
+            return false;
         container->translateFromParent(area);
         const bool laidOut = performLayout(area);
         if (!alive)
             return false;
         m_laidOut = laidOut;
+        PaintReach::collect(*this);
     }
     const bool laidOut = m_laidOut;
     tellAll(this, m_listeners, [&](ILayoutListener *listener) {
@@ -403,7 +430,7 @@ void Layout::setLaidOut(bool laidOut)
 
 Layout::LayoutHelper *Layout::getHelper(Figure *child) const
 {
-    return m_helpers.value(child);
+    return m_children->record(child);
 }
 
 unsigned int Layout::getHTotalStretch() const
@@ -419,8 +446,9 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(const unsigned int LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    for (Figure *child : m_children) {
-        const LayoutHelper *helper = getHelper(child);
+    const QList<Figure *> children = m_children->figures();
+    for (const Figure *child : children) {
+        const LayoutHelper *helper = m_children->record(child);
         if (helper && child->isVisible())
             total += helper->*stretch;
     }

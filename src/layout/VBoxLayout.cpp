@@ -14,7 +14,10 @@ VBoxLayout::~VBoxLayout() = default;
 
 bool VBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
-    return Layout::setConstraint(child, boxConstraint(child, constraint));
+    const QPointer<VBoxLayout> alive(this);
+    const QPointer<Figure> guarded(child);
+    const QVariant raised = boxConstraint(child, constraint); // measures the child
+    return alive && Layout::setConstraint(guarded, raised);
 }
 
 bool VBoxLayout::applyConstraint(Figure *child, const QVariant &constraint)
@@ -39,7 +42,7 @@ bool VBoxLayout::performLayout(const QRect &clientArea)
 {
     const auto stretchOf = [this](Figure *child) {
         const LayoutHelper *helper = getHelper(child);
-        return helper ? &helper->vStretch : nullptr;
+        return helper ? std::optional(helper->vStretch) : std::nullopt;
     };
     return layOutBox(this, Qt::Vertical, clientArea, {getVTotalStretch(), stretchOf});
 }

@@ -17,13 +17,15 @@ bool isRectangle(const QVariant &constraint)
 }
 
 // The preferred size is asked for only where it is needed: asking an invalid figure has effects.
+// Being asked may also be the end of it.
 template<typename Rect>
-QVariant resolved(Rect rect, Figure *child)
+QVariant resolved(Rect rect, const QPointer<Figure> &child)
 {
     const QSize minimum = child->getMinimumSize();
     const bool ownWidth = rect.width() >= 0;
     const bool ownHeight = rect.height() >= 0;
-    const QSize preferred = ownWidth && ownHeight ? QSize() : child->getPreferredSize();
+    const bool isAsked = child && !(ownWidth && ownHeight);
+    const QSize preferred = isAsked ? child->getPreferredSize() : QSize();
 
     using Length = decltype(rect.width());
     rect.setWidth(ownWidth ? qMax<Length>(rect.width(), minimum.width()) : preferred.width());
@@ -67,11 +69,15 @@ bool XYLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
     if (!child)
         return false;
-    if (constraint.typeId() == QMetaType::QRect)
-        return Layout::setConstraint(child, resolved(constraint.toRect(), child));
-    if (constraint.typeId() == QMetaType::QRectF)
-        return Layout::setConstraint(child, resolved(constraint.toRectF(), child));
-    return Layout::setConstraint(child, constraint);
+    if (!isRectangle(constraint))
+        return Layout::setConstraint(child, constraint);
+
+    const QPointer<XYLayout> alive(this);
+    const QPointer<Figure> guarded(child);
+    const QVariant complete = constraint.typeId() == QMetaType::QRect
+                                  ? resolved(constraint.toRect(), guarded)
+                                  : resolved(constraint.toRectF(), guarded);
+    return alive && guarded && Layout::setConstraint(child, complete);
 }
 
 bool XYLayout::applyConstraint(Figure *child, const QVariant &constraint)

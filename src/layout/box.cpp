@@ -45,12 +45,13 @@ QSize totalSize(Layout *box, Qt::Orientation orientation, SizeOf sizeOf)
     if (!box->getFigure())
         return total;
 
+    const int between = gap(box); // a child that is measured may destroy the box
     walkChildren(box, [&](Figure *child) {
         if (!child->isVisible())
             return;
         const QSize size = turned(sizeOf(child), orientation);
         if (total.width() > 0)
-            total.rwidth() += gap(box);
+            total.rwidth() += between;
         total.rwidth() += size.width();
         total.setHeight(qMax(total.height(), size.height()));
     });
@@ -101,8 +102,10 @@ void applyBoxConstraint(Figure *child, const QVariant &constraint)
     const QRect bounds = child->getBounds();
     if (bounds.size() == constraint.toSize())
         return;
+    const QPointer<Figure> alive(child); // a slot may destroy it
     child->setBounds(QRect(bounds.topLeft(), constraint.toSize()));
-    child->validate();
+    if (alive)
+        child->validate();
 }
 
 QSize boxMinimumSize(Layout *box, Qt::Orientation orientation)
@@ -121,14 +124,21 @@ bool layOutBox(Layout *box, Qt::Orientation orientation, const QRect &area,
     if (!area.isValid())
         return false;
 
+    // Whoever is measured may destroy itself, or the box.
+    const QPointer<Layout> alive(box);
     const QSize room = turned(area.size(), orientation);
     const int extra = room.width() - turned(box->getPreferredSize(), orientation).width();
+    if (!alive)
+        return false;
     int position = 0; // cells begin at 0, not at the corner of the area
     walkChildren(box, [&](Figure *child) {
-        const unsigned int *factor = stretch.ofChild(child);
-        if (!child || !child->isVisible() || !factor)
+        const std::optional<unsigned int> factor = stretch.ofChild(child);
+        if (!child->isVisible() || !factor)
             return;
+        const QPointer<Figure> guarded(child);
         const QSize size = wantedSize(box, child);
+        if (!alive || !guarded)
+            return;
         const int share = shareOf(extra, *factor, stretch.total);
         const int length = turned(size, orientation).width() + share;
         const QRect cell(position, 0, length, room.height());

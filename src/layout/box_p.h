@@ -6,13 +6,14 @@
 #include <figura/layout/Layout.h>
 
 #include <functional>
+#include <optional>
 
 namespace Velmora::Figura {
 
 struct BoxStretch
 {
-    unsigned int total;                                    // of the visible children
-    std::function<const unsigned int *(Figure *)> ofChild; // null for a child without a record
+    unsigned int total;                                           // of the visible children
+    std::function<std::optional<unsigned int>(Figure *)> ofChild; // none without a record
 };
 
 /// A size constraint raised to the minimum size of \a child; anything else as it is.

@@ -32,8 +32,10 @@ void PixmapFigure::setPixmap(const QPixmap &pixmap)
     setPreferredSize(size);
     setMinimumSize(size);
     setMaximumSize(size);
+    const QPointer<PixmapFigure> alive(this);
     revalidate();
-    repaint();
+    if (alive)
+        repaint();
 }
 
 QSize PixmapFigure::calculateContentSize()

@@ -163,16 +163,21 @@ void Shape::rebuildPath()
     if (!bounds.isValid() && !isPlacedByPoints(this))
         return;
 
+    const QPointer<Shape> alive(this);
     erase(); // the area may change with the path
-    regeneratePath(pathRect(resolveBounds(bounds)));
-    repaint();
+    const QRect resolved = alive ? resolveBounds(bounds) : bounds;
+    if (!alive)
+        return;
+    regeneratePath(pathRect(resolved));
+    if (alive)
+        repaint();
 }
 
 void Shape::setBounds(const QRect &rect)
 {
     const QPointer<Shape> alive(this);
     const QRect resolved = resolveBounds(rect);
-    if (resolved != getBounds())
+    if (alive && resolved != getBounds())
         Q_EMIT pathChanged(pathRect(resolved)); // before the bounds are stored, on purpose
     if (alive)
         Figure::setBounds(rect);
@@ -185,8 +190,11 @@ bool Shape::contains(const QPoint &point) const
 
 void Shape::addNotify()
 {
+    const QPointer<Shape> alive(this);
     Figure::addNotify();
-    connect(this, SIGNAL(pathChanged(const QRectF &)), this, SLOT(regeneratePath(const QRectF &)));
+    if (alive)
+        connect(this, SIGNAL(pathChanged(const QRectF &)), this,
+                SLOT(regeneratePath(const QRectF &)));
 }
 
 void Shape::removeNotify()
@@ -298,9 +306,11 @@ void rebuildPaths(Figure *root)
 {
     if (!root)
         return;
+    const QPointer<Figure> alive(root);
     if (auto *shape = qobject_cast<Shape *>(root))
         shape->rebuildPath();
-    walkChildren(root, rebuildPaths);
+    if (alive)
+        walkChildren(root, rebuildPaths);
 }
 
 } // namespace Velmora::Figura

@@ -30,8 +30,8 @@ QRect FreeformLayer::getFreeformExtent()
     if (!layout)
         return {};
 
+    const int padding = m_extentPadding; // figures that are measured may destroy the layer
     const QRect extent = layout->getFreeformExtent();
-    const int padding = m_extentPadding;
     return padding < 1 ? extent : extent.adjusted(-padding, -padding, padding, padding);
 }
 

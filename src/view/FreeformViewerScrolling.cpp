@@ -98,9 +98,8 @@ void FreeformViewer::moveViewTo(int x, int y)
         return;
 
     const QPoint corner = m_widget->fromLogical(QPointF(x, y)).toPoint();
-    horizontalScrollBar()->setValue(corner.x());
-    verticalScrollBar()->setValue(corner.y());
-    if (m_widget->isHighlighted())
+    scrollTo(corner.x(), corner.y());
+    if (self && m_widget && m_widget->isHighlighted())
         m_widget->repaint();
 }
 
@@ -120,9 +119,19 @@ void FreeformViewer::updateScrollBars(int x, int y)
     horizontalScrollBar()->setPageStep(visible.width());
     verticalScrollBar()->setRange(0, canvas.height() - visible.height());
     verticalScrollBar()->setPageStep(visible.height());
+    const QPointer<FreeformViewer> self(this);
+    scrollTo(x, y);
+    if (self && m_widget)
+        placeWidget();
+}
+
+// The scroll bars tell whoever listens, who may destroy the viewer.
+void FreeformViewer::scrollTo(int x, int y)
+{
+    const QPointer<FreeformViewer> self(this);
     horizontalScrollBar()->setValue(x);
-    verticalScrollBar()->setValue(y);
-    placeWidget();
+    if (self)
+        verticalScrollBar()->setValue(y);
 }
 
 // The scroll area would do it, but it is kept out while the zoom resizes the widget.

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "secondturn_p.h"
+
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
 #include <figura/view/UpdateManager.h>
@@ -15,6 +17,7 @@ namespace Velmora::Figura {
 FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
     : QWidget(viewer, flags)
     , m_viewer(viewer)
+    , m_secondTurn(std::make_unique<SecondTurn>(this))
 {
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_MouseTracking);
@@ -35,7 +38,13 @@ void FreeformWidget::setUpdateManager(UpdateManager *manager)
 {
     if (manager == m_updateManager)
         return;
+    if (m_updateManager && m_updateManager->m_widget == this)
+        m_updateManager->m_widget = nullptr;
     m_updateManager = manager;
+    if (manager) {
+        manager->m_widget = this;
+        showNothingAfter(manager);
+    }
     if (m_content)
         m_content->setUpdateManager(manager);
 }
@@ -55,13 +64,23 @@ bool FreeformWidget::setContent(Figure *content)
     }
 
     m_content = pane;
+    showNothingAfter(pane);
     pane->setBackgroundColor(Qt::transparent);
-    pane->addNotify();
+    const QPointer<FreeformWidget> self(this);
+    pane->addNotify(); // runs through all figures, which may be the application's own
+    if (!self || !m_content)
+        return false;
     connect(pane, SIGNAL(extentChanged()), this, SLOT(contentExtentChanged()));
     if (m_updateManager)
         m_updateManager->addInvalidFigure(pane);
     pane->setUpdateManager(m_updateManager);
     return true;
+}
+
+// Without content or manager nothing is painted: then what is left of them has to go as well.
+void FreeformWidget::showNothingAfter(QObject *part)
+{
+    connect(part, &QObject::destroyed, this, qOverload<>(&QWidget::update), Qt::UniqueConnection);
 }
 
 Figure *FreeformWidget::getContent() const

@@ -86,8 +86,9 @@ double FreeformWidget::clampedScale(double scale) const
 // what adjustSizeToScale() makes of it.
 double FreeformWidget::fitToViewport(double request)
 {
+    const QPointer<FreeformWidget> self(this);
     const QRect content = contentExtent();
-    if (!content.isValid())
+    if (!self || !content.isValid())
         return request;
 
     const QRect extent = withMargins(content);
@@ -115,8 +116,12 @@ double FreeformWidget::adjustSizeToScale(double scale, const QPoint *at)
 // Without a fixed point the view keeps its own centre.
 double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const QPoint *topLeft)
 {
+    // Figures are measured and announce their new bounds: the application may destroy the viewer.
+    const QPointer<FreeformWidget> self(this);
     QRect extent = contentExtent();
-    if (!extent.isValid())
+    if (!self)
+        return scale;
+    if (!extent.isValid() || !m_content)
         return m_scale;
 
     const bool wasResizing = m_resizing; // a slot may zoom again while we tell of the first zoom
@@ -132,8 +137,6 @@ double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const 
 
     setTransformation(extent.x(), extent.y(), scale);
 
-    // The figures announce their new bounds, and a slot may destroy the viewer.
-    const QPointer<FreeformWidget> self(this);
     m_content->setFreeformBounds(extent);
     if (!self)
         return scale;
@@ -143,7 +146,8 @@ double FreeformWidget::applyScale(double scale, const QPoint *fixedPoint, const 
         const QPoint corner = fromLogical(QPointF(view.topLeft())).toPoint();
         m_viewer->updateScrollBars(corner.x(), corner.y());
     }
-    m_resizing = wasResizing;
+    if (self)
+        m_resizing = wasResizing;
     return scale;
 }
 
@@ -167,8 +171,7 @@ bool FreeformWidget::ensureViewable(const QRect &rect, bool withMargins, bool ap
         return true;
     if (grown.topLeft() != bounds.topLeft())
         setPointAtOrigin(grown.topLeft());
-    if (grown.size() != bounds.size())
-        resizeTo(grown);
+    resizeTo(grown);
     return true;
 }
 
@@ -176,14 +179,17 @@ void FreeformWidget::minimizeViewable(const QRect &rect)
 {
     if (!m_content)
         return;
+    const QPointer<FreeformWidget> self(this);
     const QRect bounds = m_content->getBounds();
-    QRect shrunk = withMargins(contentExtent());
+    const QRect extent = contentExtent();
+    if (!self || !m_content)
+        return;
+    QRect shrunk = withMargins(extent);
     if (rect.isValid())
         shrunk |= rect;
     if (shrunk == bounds)
         return;
 
-    const QPointer<FreeformWidget> self(this);
     m_content->setFreeformBounds(shrunk);
     if (!self)
         return;

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "figure/childwalk_p.h"
+
 #include <figura/layout/PageLayout.h>
 #include <figura/view/FreeformLayer.h>
 #include <figura/view/FreeformLayeredPane.h>
@@ -46,10 +48,12 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
     QPainter painter(printer);
     if (!painter.isActive() || !isReady())
         return;
+    // Validation, measuring and painting are the application's code, which may destroy anything.
+    const QPointer<const FreeformWidget> self(this);
     m_updateManager->performUpdate();
-    Layer *layer = m_content ? m_content->getLayer(layerName) : nullptr;
-    const QRect area = printArea(layer, rect);
-    if (!area.isValid())
+    const QPointer<Layer> layer(self && m_content ? m_content->getLayer(layerName) : nullptr);
+    const QRect area = self ? printArea(layer, rect) : QRect();
+    if (!self || !area.isValid())
         return;
 
     const QPointer<PageLayout> pageLayout(m_viewer ? m_viewer->getPageLayout() : nullptr);
@@ -60,7 +64,8 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
 
     painter.save();
     painter.setTransform(pageTransform(area, page, factor));
-    printContent(&painter, layer, area);
+    if (self)
+        printContent(&painter, layer, area);
     painter.restore();
     if (pageLayout)
         pageLayout->decoratePage(&painter, QVariant());
@@ -71,9 +76,10 @@ QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rec
     const QPointer<Layer> layer(isReady() ? m_content->getLayer(layerName) : nullptr);
     if (!layer)
         return {};
+    const QPointer<FreeformWidget> self(this);
     m_updateManager->performUpdate();
-    const QRect area = printArea(layer, rect);
-    if (!area.isValid())
+    const QRect area = self ? printArea(layer, rect) : QRect();
+    if (!self || !area.isValid())
         return {};
 
     QPixmap pixmap(area.size());
@@ -92,16 +98,16 @@ QRect FreeformWidget::printArea(Layer *layer, const QRect &rect) const
 {
     if (!layer)
         return {};
+    const QPointer<const FreeformWidget> self(this);
     QRect area = rect;
     if (!rect.isValid()) {
         area = QRect();
-        const QList<Figure *> children = layer->childFigures();
-        for (Figure *child : children) {
+        walkChildren(layer, [&area](Figure *child) {
             if (auto *freeformLayer = qobject_cast<FreeformLayer *>(child))
                 area |= freeformLayer->getFreeformExtent();
-        }
+        });
     }
-    return area.isValid() ? withMargins(area) : QRect();
+    return self && area.isValid() ? withMargins(area) : QRect();
 }
 
 void FreeformWidget::printContent(QPainter *painter, Figure *figure, const QRect &rect) const

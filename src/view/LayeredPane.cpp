@@ -59,12 +59,12 @@ Layer *LayeredPane::ownLayer(const QString &key) const
 void LayeredPane::addBeside(const char *operation, Layer *layer, const QString &key,
                             Layer *neighbour, int offset)
 {
-    if (!accepts(operation, layer, key))
-        return;
-
-    // Adding emits signals, and their slots may destroy the layer or this pane.
+    // Naming and adding emit signals, and their slots may destroy the layer or this pane.
     const QPointer<LayeredPane> self(this);
     const QPointer<Layer> added(layer);
+    if (!accepts(operation, layer, key) || !added)
+        return;
+
     const bool inserted =
         neighbour ? insertBeside(operation, layer, neighbour, offset) : add(layer, 0U, 0U, -1);
     if (inserted && self && added)
@@ -80,7 +80,10 @@ bool LayeredPane::accepts(const char *operation, Layer *layer, const QString &ke
     }
 
     // Before the test below, so a refused layer carries the key as well: meant so.
+    const QPointer<const LayeredPane> self(this);
     layer->setObjectName(key);
+    if (!self)
+        return false;
     if (ownLayer(key)) {
         QMessageLogger().warning("LayeredPane::%s(): layer '%s' already exists", operation,
                                  key.toUtf8().constData());
@@ -105,13 +108,17 @@ bool LayeredPane::insertBeside(const char *operation, Layer *layer, Layer *neigh
 
 void LayeredPane::record(Layer *layer, const QString &key)
 {
-    // The key may be left over from a nested pane that was destroyed.
-    if (m_layers.contains(key))
-        m_nestedPaneKeys.removeAll(key);
-
+    dropDestroyedLayers();
+    m_nestedPaneKeys.removeAll(key); // a slot may have used the key meanwhile
     m_layers.insert(key, layer);
-    if (qobject_cast<LayeredPane *>(layer) && !m_nestedPaneKeys.contains(key))
+    if (qobject_cast<LayeredPane *>(layer))
         m_nestedPaneKeys.append(key);
+}
+
+void LayeredPane::dropDestroyedLayers()
+{
+    m_layers.removeIf([](const auto &entry) { return entry.value().isNull(); });
+    m_nestedPaneKeys.removeIf([this](const QString &key) { return !m_layers.contains(key); });
 }
 
 } // namespace Velmora::Figura

@@ -1,8 +1,15 @@
 #include <figura/view/UpdateManager.h>
 
+#include "figure/paintreach_p.h"
+#include "figure/revalidation_p.h"
+#include "secondturn_p.h"
+
 #include <figura/figure/Figure.h>
+#include <figura/view/FreeformWidget.h>
 
 #include <QMessageLogger>
+
+#include <utility>
 
 namespace Velmora::Figura {
 
@@ -20,7 +27,7 @@ void UpdateManager::setViewer(IFigureViewer *viewer)
 
 IFigureViewer *UpdateManager::getViewer() const
 {
-    return m_viewer;
+    return m_viewer.get();
 }
 
 void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
@@ -30,6 +37,7 @@ void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
 
     QRect absolute = rect;
     figure->translateToAbsolute(absolute);
+    const PaintReach::Damage damage(*figure);
     m_viewer->updateContentRect(absolute);
 }
 
@@ -48,50 +56,91 @@ void UpdateManager::addInvalidFigure(Figure *figure)
         return;
     }
 
-    dropDestroyedFigures();
-    if (!m_invalidFigures.contains(figure))
-        m_invalidFigures.append(figure);
+    if (m_invalidFigures.size() >= m_nextSweep)
+        sweep();
+    // An entry that has become null was that of a destroyed figure at the same address.
+    QPointer<Figure> &entry = m_queued[figure];
+    if (!entry) {
+        entry = figure;
+        m_invalidFigures.append(entry);
+    }
+    noteLate(figure);
+}
+
+// Whoever is still to come in the pass is in time. One that is being validated is marked valid at
+// the end, and hides the descendant that called for it.
+void UpdateManager::noteLate(Figure *figure)
+{
+    if (m_passes == 0 || m_coming.contains(figure))
+        return;
+    if (!m_late.contains(figure))
+        m_late.append(figure);
+    Figure *origin = Revalidation::origin();
+    if (figure->m_isValidating && origin && m_late.constLast() != origin)
+        m_late.append(origin);
 }
 
 void UpdateManager::performUpdate()
 {
     if (!hasViewer("performUpdate"))
         return;
-    dropDestroyedFigures();
+    sweep();
     if (m_invalidFigures.isEmpty())
         return;
 
     // Slots and layouts are the application's: they may destroy figures, and this manager too.
     const QPointer<UpdateManager> self(this);
-    Q_EMIT aboutToValidate(m_viewer);
+    Q_EMIT aboutToValidate(m_viewer.get());
     if (!self)
         return;
 
-    // A copy, because a layout may queue figures while we walk.
-    const QList<QPointer<Figure>> figures = m_invalidFigures;
-    for (const QPointer<Figure> &figure : figures) {
-        if (figure)
-            figure->validate();
-        if (!self)
-            return;
-    }
+    validateQueue();
+    if (self)
+        finishPass();
+}
 
-    // Figures queued while we validated are dropped on purpose: one that still needs work has to
-    // invalidate itself again, and its own repaint brings the next pass.
+void UpdateManager::validateQueue()
+{
+    const QPointer<UpdateManager> self(this);
+    ++m_passes;
+    // A copy, because a layout may queue figures while we walk.
+    m_coming = m_invalidFigures;
+    while (self && !m_coming.isEmpty()) {
+        if (const QPointer<Figure> figure = m_coming.takeFirst())
+            figure->validate();
+    }
+    if (self)
+        --m_passes;
+}
+
+// Figures queued while we validated are dropped on purpose: one that still needs work has to
+// invalidate itself again, and its own repaint brings the next pass.
+void UpdateManager::finishPass()
+{
     m_invalidFigures.clear();
+    m_queued.clear();
+    if (m_passes > 0)
+        return;
+    const QList<QPointer<Figure>> late = std::exchange(m_late, {});
+    if (m_widget)
+        m_widget->m_secondTurn->examine(late);
 }
 
 bool UpdateManager::hasViewer(const char *operation) const
 {
     if (!m_viewer)
         QMessageLogger().warning("UpdateManager::%s(): no managed widget", operation);
-    return m_viewer;
+    return bool(m_viewer);
 }
 
-// Pointers that became null would otherwise count as queued, and pile up while nothing is painted.
-void UpdateManager::dropDestroyedFigures()
+// What was destroyed would otherwise count as queued, and pile up while nothing is painted. On the
+// way there only at doubled sizes, so that to queue one figure costs the same however many wait.
+void UpdateManager::sweep()
 {
-    m_invalidFigures.removeIf([](const QPointer<Figure> &figure) { return figure.isNull(); });
+    const auto isGone = [](const QPointer<Figure> &figure) { return figure.isNull(); };
+    m_invalidFigures.removeIf(isGone);
+    m_queued.removeIf([&](const auto &entry) { return isGone(entry.value()); });
+    m_nextSweep = qMax(firstSweep, m_invalidFigures.size() * 2);
 }
 
 } // namespace Velmora::Figura

@@ -212,6 +212,8 @@ private Q_SLOTS:
     void partsMayBeDestroyedInsideASlot();
     void destroyedRouterLeavesTheSharedOne_data() { addConnectionClassRows(); }
     void destroyedRouterLeavesTheSharedOne();
+    void laterListenersFindNullForARouterThatWent_data() { addConnectionClassRows(); }
+    void laterListenersFindNullForARouterThatWent();
     void destroyedAnchorIsForgotten_data() { addConnectionEndRows(); }
     void destroyedAnchorIsForgotten();
     void destroyedConnectionNoLongerListens_data() { addConnectionClassRows(); }
@@ -284,6 +286,29 @@ void tst_ConnectionLifetime::destroyedRouterLeavesTheSharedOne()
     QVERIFY(wire->connection().getConnectionRouter());
     wire->connection().setRoutingConstraint(42);
     wire->figure().revalidate();
+}
+
+void tst_ConnectionLifetime::laterListenersFindNullForARouterThatWent()
+{
+    QFETCH(QString, className);
+    AnyConnectionPointer wire = makeConnection(className);
+    auto before = std::make_unique<BendpointConnectionRouter>(nullptr);
+    auto after = std::make_unique<ManhattanConnectionRouter>(nullptr);
+    wire->connection().setConnectionRouter(before.get());
+    QList<QObject *> routers{before.get(), after.get()};
+    connect(&wire->figure(), &Figure::propertyChanged, this, [&] {
+        before.reset();
+        after.reset();
+    });
+    connect(&wire->figure(), &Figure::propertyChanged, this,
+            [&](const QString &, const QVariant &old, const QVariant &next) {
+                routers = {old.value<QObject *>(), next.value<QObject *>()};
+            });
+
+    wire->connection().setConnectionRouter(after.get());
+
+    QCOMPARE(routers, QList<QObject *>({nullptr, nullptr}));
+    QCOMPARE(wire->connection().getConnectionRouter(), NullRouter::instance());
 }
 
 void tst_ConnectionLifetime::destroyedAnchorIsForgotten()

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <memory>
+
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
 
@@ -17,6 +19,7 @@ private Q_SLOTS:
     void listedFiguresArePruned();
     void emptyListPrunesOnlyNull();
     void nullIsPruned();
+    void destroyedFigureIsOnlyCompared();
     void laterChangesOfTheListHaveNoEffect();
     void excludedParentHidesItsChildren();
     void takesAParent();
@@ -65,6 +68,17 @@ void tst_ExclusionSearch::nullIsPruned()
     Figure listed;
 
     QVERIFY(ExclusionSearch({&listed}).prune(nullptr));
+}
+
+void tst_ExclusionSearch::destroyedFigureIsOnlyCompared()
+{
+    auto excluded = std::make_unique<Figure>();
+    const Figure other;
+    const ExclusionSearch search({excluded.get()});
+
+    excluded.reset();
+
+    QVERIFY(!search.prune(&other));
 }
 
 void tst_ExclusionSearch::laterChangesOfTheListHaveNoEffect()

@@ -241,8 +241,12 @@ private Q_SLOTS:
     void destroyedLayoutLeavesItsChildrenWithTheirParent();
     void destroyedFigureLeavesItsLayoutWithoutAFigure();
 
+    void laterListenersFindNullForAParentThatWent_data();
+    void laterListenersFindNullForAParentThatWent();
+
     // The queue.
     void destroyedFigureLeavesTheQueue();
+    void newFigureMayTakeTheAddressOfAQueuedOne();
     void figureDestroyedWhileAnotherIsValidatedIsSkipped();
     void destroyedUpdateManagerCountsAsNone();
 
@@ -393,6 +397,36 @@ void tst_Figure_Lifetime::destroyedFigureLeavesItsLayoutWithoutAFigure()
     layout.invalidate();
 }
 
+void tst_Figure_Lifetime::laterListenersFindNullForAParentThatWent_data()
+{
+    QTest::addColumn<QString>("victim");
+
+    QTest::newRow("the parent before") << QStringLiteral("parent");
+    QTest::newRow("the parent after") << QStringLiteral("root");
+}
+
+// The figure's own watch over its ancestors is such a listener.
+void tst_Figure_Lifetime::laterListenersFindNullForAParentThatWent()
+{
+    QFETCH(QString, victim);
+    World world;
+    Figure *const child = world.sibling();
+    QList<QObject *> parents;
+    connect(child, &Figure::propertyChanged, this, [&] { world.destroy(victim); });
+    child->addAncestorListener(world.get<AncestorRecorder>("listener"));
+    connect(child, &Figure::propertyChanged, this,
+            [&](const QString &, const QVariant &before, const QVariant &after) {
+                parents = {before.value<QObject *>(), after.value<QObject *>()};
+            });
+    const QList<QObject *> expected{victim == QStringLiteral("parent") ? nullptr : world.parent(),
+                                    victim == QStringLiteral("root") ? nullptr : world.root()};
+
+    child->setParentFigure(world.root());
+
+    QCOMPARE(parents, expected);
+    QVERIFY(!world.figure(qPrintable(victim)));
+}
+
 void tst_Figure_Lifetime::destroyedFigureLeavesTheQueue()
 {
     FakeViewer viewer;
@@ -406,6 +440,25 @@ void tst_Figure_Lifetime::destroyedFigureLeavesTheQueue()
     updates.performUpdate();
 
     QCOMPARE(validating.count(), 0);
+}
+
+void tst_Figure_Lifetime::newFigureMayTakeTheAddressOfAQueuedOne()
+{
+    FakeViewer viewer;
+    UpdateManager updates;
+    updates.setViewer(&viewer);
+    alignas(CountingFigure) unsigned char place[sizeof(CountingFigure)];
+    auto *former = new (place) CountingFigure;
+    updates.addInvalidFigure(former);
+    former->~CountingFigure();
+
+    auto *present = new (place) CountingFigure;
+    updates.addInvalidFigure(present);
+    updates.addInvalidFigure(present);
+    updates.performUpdate();
+
+    QCOMPARE(present->calls().validate, 1);
+    present->~CountingFigure();
 }
 
 void tst_Figure_Lifetime::figureDestroyedWhileAnotherIsValidatedIsSkipped()

@@ -1,6 +1,8 @@
 #include "layout_fixtures.h"
 #include "locatorprobe.h"
 
+#include <countingfigure.h>
+
 #include <figura/figure/ExclusionSearch.h>
 #include <figura/layout/DelegatingLayout.h>
 #include <figura/layout/FreeformLayout.h>
@@ -272,6 +274,12 @@ private Q_SLOTS:
 
     void childMayBeRemovedWhileItIsAdded_data();
     void childMayBeRemovedWhileItIsAdded();
+    void childThatCameBackWhileItWasAddedIsAttachedOnce();
+    void locatorMayGoWhileItsTargetIsAdded();
+    void locatorMayGoWhileListenersHearOfIt();
+    void newChildMayTakeTheAddressOfOneThatWentWhileLeaving();
+    void orphanOfADisplayedTreeIsNotAttachedTwice();
+    void orphanOfADisplayedTreeIsDetachedInAHiddenOne();
     void childMayBeDestroyedWhileItIsRemoved();
     void childMayBeRemovedByAListenerOfItsRemoval();
     void containerMayBeDestroyedByAListener_data();
@@ -514,8 +522,6 @@ void tst_LayoutLifetime::childrenMayChangeWhileWalking_data()
             if (!asksChildren(layoutName, walk))
                 continue;
             for (int i = 0; i < ACTIONS.count(); ++i) {
-                if (walk == Measuring && !ACTIONS.at(i).sparesTheLayout)
-                    continue; // a size has no slot from which to do that
                 QTest::addRow("%s, %s: %s", layoutName, walkName, ACTIONS.at(i).name)
                     << QByteArray(layoutName) << int(walk) << i;
             }
@@ -619,6 +625,120 @@ void tst_LayoutLifetime::childMayBeRemovedWhileItIsAdded()
         QVERIFY(!child->getFlag(Figure::FLAG_NOTIFIED));
     useLayout(layout.get());
     delete child;
+}
+
+void tst_LayoutLifetime::childThatCameBackWhileItWasAddedIsAttachedOnce()
+{
+    Scene<ProbeLayout> scene;
+    scene.figure.addNotify();
+    CountingFigure child;
+    bool acted = false;
+    connect(&child, &Figure::propertyChanged, this, [&] {
+        if (std::exchange(acted, true))
+            return;
+        scene.layout.remove(&child);
+        scene.layout.add(&child, 6);
+    });
+
+    scene.layout.add(&child, 5);
+
+    QVERIFY(acted);
+    QCOMPARE(scene.layout.childFigures(), QList<Figure *>{&child});
+    QCOMPARE(scene.layout.getConstraint(&child), QVariant(6)); // of the later call
+    QCOMPARE(child.calls().addNotify, 1);
+    QVERIFY(child.getFlag(Figure::FLAG_NOTIFIED));
+}
+
+void tst_LayoutLifetime::locatorMayGoWhileItsTargetIsAdded()
+{
+    Scene<ProbeLayout> scene;
+    SizedFigure child;
+    QPointer<LocatorProbe> locator = new LocatorProbe(QRect(1, 2, 3, 4));
+    connect(&child, &Figure::propertyChanged, this, [&] { delete locator; });
+
+    QVERIFY(scene.layout.add(&child, QVariant::fromValue(locator.data())));
+
+    QVERIFY(!locator);
+    QVERIFY(!scene.layout.getConstraint(&child).isValid());
+}
+
+void tst_LayoutLifetime::locatorMayGoWhileListenersHearOfIt()
+{
+    Scene<ProbeLayout> scene;
+    SizedFigure child;
+    scene.layout.add(&child);
+    QPointer<LocatorProbe> locator = new LocatorProbe(QRect(1, 2, 3, 4));
+    ListenerProbe first;
+    ListenerProbe second;
+    first.onCall = [&](const QString &) { delete locator; };
+    scene.layout.addListener(&first);
+    scene.layout.addListener(&second);
+
+    QVERIFY(scene.layout.setConstraint(&child, QVariant::fromValue(locator.data())));
+
+    QVERIFY(!locator);
+    QVERIFY(!second.constraints.first().isValid());
+    QVERIFY(!scene.layout.getConstraint(&child).isValid());
+}
+
+void tst_LayoutLifetime::newChildMayTakeTheAddressOfOneThatWentWhileLeaving()
+{
+    Scene<ProbeLayout> scene;
+    alignas(Figure) unsigned char place[sizeof(Figure)];
+    auto *former = new (place) Figure;
+    Figure staying;
+    scene.layout.add(former);
+    scene.layout.add(&staying);
+    Figure *present = nullptr;
+    connect(former, &Figure::propertyChanged, this, [&] {
+        former->~Figure();
+        present = new (place) Figure;
+        scene.layout.add(present, 5);
+    });
+
+    scene.layout.remove(former);
+
+    const QList<Figure *> children{&staying, present};
+    QCOMPARE(scene.layout.childFigures(), children);
+    QCOMPARE(scene.layout.getConstraint(present), QVariant(5));
+    present->~Figure();
+    QCOMPARE(scene.layout.childFigures(), QList<Figure *>{&staying});
+}
+
+void tst_LayoutLifetime::orphanOfADisplayedTreeIsNotAttachedTwice()
+{
+    Scene<ProbeLayout> scene;
+    scene.figure.addNotify();
+    auto former = std::make_unique<Scene<ProbeLayout>>();
+    scene.layout.add(&former->figure);
+    CountingFigure child;
+    former->layout.add(&child);
+    former.reset();
+
+    scene.layout.add(&child);
+
+    QCOMPARE(child.calls().addNotify, 1);
+    QCOMPARE(child.calls().removeNotify, 0);
+    QVERIFY(child.getFlag(Figure::FLAG_NOTIFIED));
+}
+
+void tst_LayoutLifetime::orphanOfADisplayedTreeIsDetachedInAHiddenOne()
+{
+    Scene<ProbeLayout> hidden;
+    auto former = std::make_unique<Scene<ProbeLayout>>();
+    former->figure.addNotify();
+    CountingFigure child;
+    former->layout.add(&child);
+    former.reset();
+    QVERIFY(child.getFlag(Figure::FLAG_NOTIFIED)); // nobody has told it
+
+    hidden.layout.add(&child);
+
+    QVERIFY(!child.getFlag(Figure::FLAG_NOTIFIED));
+    QCOMPARE(child.calls().removeNotify, 1);
+    hidden.figure.addNotify();
+    QCOMPARE(child.calls().addNotify, 2);
+    QVERIFY(child.getFlag(Figure::FLAG_NOTIFIED));
 }
 
 void tst_LayoutLifetime::childMayBeDestroyedWhileItIsRemoved()

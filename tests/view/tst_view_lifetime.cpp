@@ -2,11 +2,14 @@
 
 #include <figura/layout/PageLayout.h>
 
+#include <pixels.h>
+
 #include <QRandomGenerator>
 #include <QTest>
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -85,6 +88,8 @@ public:
         viewer->setContent(pane);
         viewer->resize(400, 300);
         viewer->show();
+        // Before that a real display paints nothing.
+        isExposed = QTest::qWaitForWindowExposed(viewer);
         settle(viewer);
     }
 
@@ -95,6 +100,7 @@ public:
         delete top;
     }
 
+    bool isExposed = false;
     QPointer<FreeformLayeredPane> pane = new FreeformLayeredPane;
     QPointer<FreeformLayer> lower = new FreeformLayer;
     QPointer<FreeformLayer> upper = new FreeformLayer;
@@ -222,6 +228,7 @@ private Q_SLOTS:
     void destroyedContentLeavesAnEmptyViewer();
     void viewerTakesANewContentAfterTheFormerOneIsGone();
     void viewerTakesANewManagerAfterTheFormerOneIsGone();
+    void managerForgetsAViewerThatIsGone();
 };
 
 void tst_ViewLifetime::anyPartMayGoFirst()
@@ -338,11 +345,12 @@ void tst_ViewLifetime::figuresMayGoInsideAZoom()
 void tst_ViewLifetime::destroyedFigureIsNotPaintedAnyMore()
 {
     Parts parts;
-    QCOMPARE(parts.widget->grab().toImage().pixelColor(20, 20), QColor(Qt::red));
+    const QPoint inside(20, 20);
+    QCOMPARE(colorAt(parts.widget->grab().toImage(), inside), QColor(Qt::red));
 
     parts.destroy(Part::First);
 
-    QVERIFY(parts.widget->grab().toImage().pixelColor(20, 20) != QColor(Qt::red));
+    QVERIFY(colorAt(parts.widget->grab().toImage(), inside) != QColor(Qt::red));
 }
 
 void tst_ViewLifetime::destroyedContentLeavesAnEmptyViewer()
@@ -381,6 +389,20 @@ void tst_ViewLifetime::viewerTakesANewManagerAfterTheFormerOneIsGone()
     QCOMPARE(parts.pane->getUpdateManager(), &next);
     parts.use();
     parts.destroy(Part::Viewer);
+}
+
+// Also one that it was given behind the viewer's back.
+void tst_ViewLifetime::managerForgetsAViewerThatIsGone()
+{
+    UpdateManager manager;
+    auto viewer = std::make_unique<FreeformViewer>();
+    manager.setViewer(viewer.get());
+
+    viewer.reset();
+
+    QCOMPARE(manager.getViewer(), nullptr);
+    QTest::ignoreMessage(QtWarningMsg, "UpdateManager::addDirtyRegion(): no managed widget");
+    manager.addDirtyRegion(QRect(1, 2, 3, 4));
 }
 
 QTEST_MAIN(tst_ViewLifetime)

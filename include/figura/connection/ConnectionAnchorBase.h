@@ -5,7 +5,11 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace Velmora::Figura {
+
+class ListenerConnections;
 
 /// The listeners of an anchor: they are the receivers of its signal.
 class FIGURA_EXPORT ConnectionAnchorBase : public QObject, public IConnectionAnchor
@@ -24,6 +28,9 @@ public:
 
 Q_SIGNALS:
     void anchorMoved(IConnectionAnchor *anchor);
+
+private:
+    std::unique_ptr<ListenerConnections> m_listeners;
 };
 
 } // namespace Velmora::Figura

@@ -3,15 +3,18 @@
 #include <figura/export.h>
 #include <figura/figure/Figure.h> // complete, so that signals with figures have meta-types
 
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QVariant>
+
+#include <memory>
 
 namespace Velmora::Figura {
 
 class ILayoutListener;
+class LayoutChildren;
 
 /// Holds the children of one figure, its container, and places, paints and hit-tests them.
 ///
@@ -39,11 +42,14 @@ public:
 
     private:
         friend class Layout;
+        friend class LayoutChildren;
 
         QVariant m_constraint;
         QPointer<QObject> m_object; // the object in the constraint, while it lives
         bool m_holdsObject = false;
         QMetaObject::Connection m_childWatch;
+        qint64 m_key = 0;     // tells the place among the children
+        quint64 m_joined = 0; // when the child came in: the same for no other record
     };
 
     explicit Layout(QObject *parent = nullptr);
@@ -119,9 +125,12 @@ protected:
     unsigned int destroyedChildCount() const;
 
 private:
+    friend class LayoutChildren;
+    friend class PaintReach; // keeps account of m_unclipped
+
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
-    void enlist(Figure *child, const LayoutHelper &record, int index);
-    QMetaObject::Connection dismiss(Figure *child);
+    quint64 enlist(Figure *child, const LayoutHelper &record, int index);
+    std::unique_ptr<LayoutHelper> dismiss(Figure *child);
     void forget(Figure *destroyedChild);
     unsigned int totalStretch(const unsigned int LayoutHelper::*stretch) const;
 
@@ -132,8 +141,8 @@ private:
     QSize m_preferredSize;
     QSize m_minimumSize;
     bool m_laidOut = false;
-    QList<Figure *> m_children;
-    QHash<Figure *, LayoutHelper *> m_helpers;
+    std::unique_ptr<LayoutChildren> m_children;
+    QRect m_unclipped; // what the children may paint, in their coordinates; none while clipped
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;
 };

@@ -115,6 +115,7 @@ private:
     friend class FreeformWidget; // calls updateScrollBars() after a zoom
 
     void updateScrollBars(int x, int y);
+    void scrollTo(int x, int y);
     void placeWidget();
     QPoint scrollOffset() const;
     QRect damagedPixels(const QRect &rect) const;

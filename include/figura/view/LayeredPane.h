@@ -40,6 +40,7 @@ private:
     bool accepts(const char *operation, Layer *layer, const QString &key) const;
     bool insertBeside(const char *operation, Layer *layer, Layer *neighbour, int offset);
     void record(Layer *layer, const QString &key);
+    void dropDestroyedLayers();
 
     QMap<QString, QPointer<Layer>> m_layers;
     QStringList m_nestedPaneKeys; // in order of addition

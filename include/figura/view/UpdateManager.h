@@ -1,9 +1,11 @@
 #pragma once
 
 #include <figura/export.h>
+#include <figura/figure/InterfacePointer.h>
 #include <figura/view/IFigureViewer.h> // complete, so that the signal's argument has a meta-type
 #include <figura/view/IUpdateManager.h>
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -11,6 +13,7 @@
 namespace Velmora::Figura {
 
 class Figure;
+class FreeformWidget;
 
 /// Queues figures for validation until the next paint, and passes damage on to the viewer at once.
 ///
@@ -36,18 +39,32 @@ public:
     void addInvalidFigure(Figure *figure) override;  ///< Queues once; null is refused.
 
     /// Validates the queued figures in the order of their arrival and empties the queue. Figures
-    /// queued meanwhile are dropped.
+    /// queued meanwhile are dropped; the widget of the viewer lets those that are still invalid
+    /// revalidate once on a later turn of the event loop.
     void performUpdate() override;
 
 Q_SIGNALS:
     void aboutToValidate(IFigureViewer *pFigureViewer); ///< Only when something is queued.
 
 private:
-    bool hasViewer(const char *operation) const;
-    void dropDestroyedFigures();
+    friend class FreeformWidget; // looks after what a pass has dropped
 
-    QList<QPointer<Figure>> m_invalidFigures;
-    IFigureViewer *m_viewer = nullptr;
+    bool hasViewer(const char *operation) const;
+    void sweep();
+    void validateQueue();
+    void noteLate(Figure *figure);
+    void finishPass();
+
+    static constexpr qsizetype firstSweep = 16;
+
+    QList<QPointer<Figure>> m_invalidFigures;   // in the order of their arrival
+    QHash<Figure *, QPointer<Figure>> m_queued; // the same, to be found by address
+    qsizetype m_nextSweep = firstSweep;
+    QList<QPointer<Figure>> m_coming; // what is left of the present pass
+    QList<QPointer<Figure>> m_late;   // what called for validation too late for it
+    int m_passes = 0;                 // under way, one inside the other
+    QPointer<FreeformWidget> m_widget;
+    InterfacePointer<IFigureViewer> m_viewer;
 };
 
 } // namespace Velmora::Figura
