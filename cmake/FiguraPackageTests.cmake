@@ -22,6 +22,22 @@ add_test(
 figura_set_test_environment(package_serves_consumer)
 set_tests_properties(package_serves_consumer PROPERTIES FIXTURES_REQUIRED stage LABELS package)
 
+# The same for the diagram library, with an example as the consumer.
+if(TARGET figura_diagram)
+    add_test(
+        NAME package_serves_diagram_consumer
+        COMMAND
+            ${CMAKE_CTEST_COMMAND} --build-and-test ${PROJECT_SOURCE_DIR}/examples/00-ten-lines
+            ${CMAKE_BINARY_DIR}/diagram-consumer --build-generator ${CMAKE_GENERATOR}
+            --build-options ${consumer_options} -DCMAKE_PREFIX_PATH=${stage} --test-command
+            ten-lines ${CMAKE_BINARY_DIR}/diagram-consumer/diagram.svg
+    )
+    figura_set_test_environment(package_serves_diagram_consumer)
+    set_tests_properties(
+        package_serves_diagram_consumer PROPERTIES FIXTURES_REQUIRED stage LABELS package
+    )
+endif()
+
 add_test(
     NAME package_serves_parent_project
     COMMAND

@@ -6,13 +6,13 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 packages=(
     cmake ninja-build ccache g++ pkg-config
-    qt6-base-dev libgl-dev
+    qt6-base-dev qt6-svg-dev libgl-dev
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
 for purpose in "$@"; do
     case $purpose in
-    --tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
+    --tests) packages+=(clang-format graphviz-doc imagemagick poppler-utils xauth xdotool xvfb) ;;
     --coverage) packages+=(gcovr) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
     *) die "unknown argument $purpose" ;;

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+
+namespace Editor {
+
+/// What a document leaves open: the colours of a light or a dark window.
+struct Theme
+{
+    QColor paper;
+    QColor line;
+    QColor fill;
+    QColor text;
+    QColor laneFill;
+    QColor laneTitle;
+    QColor accent; ///< Handles, guides and whatever else is no part of the document.
+
+    static const Theme &light();
+    static const Theme &dark();
+
+    /// \a color, or \a usual when it is left open.
+    static QColor resolved(const QColor &color, const QColor &usual)
+    {
+        return color.isValid() ? color : usual;
+    }
+};
+
+} // namespace Editor

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <figura/diagram/export.h>
+
+#include <QImage>
+#include <QPointer>
+#include <QRect>
+#include <QRegion>
+#include <QTimer>
+#include <QTransform>
+#include <QWidget>
+
+namespace Velmora::Figura {
+
+class Diagram;
+class DiagramView;
+
+/// Shows the whole diagram of a view small, marks the visible part, and moves it by mouse.
+///
+/// Keeps a picture, and paints figures only where the content has changed, all changes of about a
+/// tenth of a second at once: scrolling, zooming and repainting the view cost it nothing.
+class FIGURA_DIAGRAM_EXPORT Overview : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Overview(QWidget *parent = nullptr);
+    explicit Overview(DiagramView *view, QWidget *parent = nullptr);
+    ~Overview() override;
+
+    DiagramView *getView() const;
+    void setView(DiagramView *view); ///< Not owned; null for none.
+
+    QPointF toContent(const QPointF &position) const; ///< From pixels of this widget.
+    QRectF fromContent(const QRectF &rect) const;     ///< To pixels of this widget.
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    void prepare();
+    void restart();
+    void noteDamage(const QRect &rect);
+    void refresh();
+    bool fitPicture();
+    void paintDamage();
+    void moveView(const QPointF &position);
+    QTransform toPicture() const;
+
+    QPointer<DiagramView> m_view;
+    QImage m_picture;
+    QRect m_area;     // what the picture shows, in content coordinates
+    QRegion m_damage; // what of it is out of date, in content coordinates
+    QPointF m_grip;   // where in the frame of the visible part the mouse holds it
+    QTimer m_timer;
+};
+
+} // namespace Velmora::Figura

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <figura/layout/FreeformLayout.h>
+
+#include <QHash>
+#include <QSize>
+
+namespace Velmora::Figura {
+
+/// Figures lie exactly where they were put, from the moment on when they are added.
+///
+/// Elsewhere a figure that is moved before the first layout pass goes back to where it was added,
+/// small ones are enlarged to their minimum size, and one that chose its own size keeps that for
+/// ever.
+class PlacedLayout : public FreeformLayout
+{
+public:
+    explicit PlacedLayout(QObject *parent);
+
+    bool remove(Figure *child) override;
+    bool setConstraint(Figure *child, const QVariant &constraint) override;
+    void childMoved(Figure *child) override;
+
+protected:
+    bool applyConstraint(Figure *child, const QVariant &constraint) override;
+
+private:
+    Figure *m_applyingTo = nullptr;
+    QHash<Figure *, QSize> m_chosen; // what figures chose, where the constraint leaves it to them
+};
+
+} // namespace Velmora::Figura
