@@ -1,8 +1,12 @@
 #include <figura/figure/AncestorHelper.h>
 
+#include "ancestorhub_p.h"
+
 #include <figura/figure/Figure.h>
 
 #include <QVariant>
+
+#include <utility>
 
 namespace Velmora::Figura {
 
@@ -42,20 +46,34 @@ void AncestorHelper::removeAncestors(Figure *figure)
         unhook(hook);
 }
 
+// Only few watch a figure itself, while all that is in a layer shares what is above.
 void AncestorHelper::hook(Figure *figure)
 {
-    m_chain.append(
-        {figure, connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved),
-         connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed)});
-    figure->addPropertyChangeListener(this);
+    Hook hook{figure, nullptr, {}};
+    if (figure == m_figure && m_chain.isEmpty()) {
+        hookDirectly(figure);
+    } else {
+        hook.hub = figure->ancestorHub();
+        hook.place = hook.hub->add(this);
+    }
+    m_chain.append(hook);
+}
+
+void AncestorHelper::hookDirectly(Figure *figure)
+{
+    m_direct[0] = connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved);
+    m_direct[1] = connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed);
+    m_direct[2] = connect(figure, &Figure::propertyChanged, this, &AncestorHelper::propertyChanged);
 }
 
 void AncestorHelper::unhook(const Hook &hook)
 {
-    disconnect(hook.moved);
-    disconnect(hook.destroyed);
-    if (hook.figure)
-        hook.figure->removePropertyChangeListener(this);
+    if (hook.hub) {
+        hook.hub->remove(hook.place);
+        return;
+    }
+    for (QMetaObject::Connection &connection : m_direct)
+        disconnect(std::exchange(connection, {}));
 }
 
 int AncestorHelper::firstHook(Figure *figure) const

@@ -177,6 +177,7 @@ void Figure::setBounds(const QRect &rect)
         primTranslate(shift.x(), shift.y());
     if (alive && resized) {
         m_bounds.setSize(bounds.size());
+        noteArea();
         invalidate();
     }
     if (alive)
@@ -188,6 +189,7 @@ void Figure::setBounds(const QRect &rect)
 void Figure::primTranslate(int dx, int dy)
 {
     m_bounds.translate(dx, dy);
+    noteArea();
     walkChildren(this, [dx, dy](Figure *child) { child->translate(dx, dy); });
 }
 

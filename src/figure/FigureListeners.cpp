@@ -3,6 +3,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "ancestorhub_p.h"
 #include "listenerconnections_p.h"
 
 #include <figura/figure/AncestorHelper.h>
@@ -20,6 +21,13 @@ ListenerConnections &ensure(std::unique_ptr<ListenerConnections> &connections)
 }
 
 } // namespace
+
+AncestorHub *Figure::ancestorHub()
+{
+    if (!m_ancestorHub)
+        m_ancestorHub = new AncestorHub(this);
+    return m_ancestorHub;
+}
 
 void Figure::addAncestorListener(IAncestorListener *listener)
 {

@@ -2,7 +2,8 @@
 
 #include <figura/figure/Figure.h>
 
-#include "childwalk_p.h"
+#include "layout/childtable_p.h"
+#include "ownclass_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -169,9 +170,20 @@ void Figure::validate()
     const QPointer<Figure> alive(this);
     layout();
     if (alive)
-        walkChildren(this, [](Figure *child) { child->validate(); });
+        validateChildren();
     if (alive)
         setValid(true);
+}
+
+// To validate what is valid does nothing, unless a class of the application says otherwise.
+void Figure::validateChildren()
+{
+    const auto validateChild = [](Figure *child) { child->validate(); };
+    Layout *layout = getLayoutManager();
+    if (isOwnClass(this) && isOwnClass(layout))
+        walkPending(this, layout, Pending::Validation, validateChild);
+    else
+        walkChildren(this, validateChild);
 }
 
 void Figure::layout()

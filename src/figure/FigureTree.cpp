@@ -76,6 +76,7 @@ void Figure::setParentFigure(Figure *parent)
 {
     const QVariant before = QVariant::fromValue<Figure *>(m_parentFigure);
     m_parentFigure = parent;
+    noteArea();
     Q_EMIT propertyChanged(PROPERTY_PARENT, before, QVariant::fromValue(parent));
 }
 

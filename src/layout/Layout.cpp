@@ -1,7 +1,7 @@
 #include <figura/layout/Layout.h>
 
+#include "childtable_p.h"
 #include "constraint_p.h"
-#include "figure/childwalk_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -26,15 +26,6 @@ bool tellAll(Layout *layout, const QList<ILayoutListener *> &listeners, Tell tel
             tell(listener);
     }
     return !alive.isNull();
-}
-
-// Children leave from either end far more often than from the middle.
-void removeChild(QList<Figure *> &children, Figure *child)
-{
-    if (!children.isEmpty() && children.constLast() == child)
-        children.removeLast();
-    else
-        children.removeOne(child);
 }
 
 // Nobody else would delete an object that was made for the constraint alone.
@@ -74,13 +65,11 @@ void Layout::LayoutHelper::setConstraint(const QVariant &constraint)
 
 Layout::Layout(QObject *parent)
     : QObject(parent)
+    , m_table(std::make_unique<ChildTable>())
 {
 }
 
-Layout::~Layout()
-{
-    qDeleteAll(m_helpers);
-}
+Layout::~Layout() = default;
 
 bool Layout::add(Figure *child, const QVariant &constraint, int index)
 {
@@ -95,13 +84,13 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
 bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelper &record,
                     int index)
 {
-    if (!m_figure || !child || m_helpers.contains(child))
+    if (!m_figure || !child || m_table->find(child))
         return false;
 
     // Whoever is told on the way may take the child out again, or destroy it or this layout.
     const QPointer<Layout> alive(this);
-    const auto isPresent = [&alive, child]() { return alive && alive->m_helpers.contains(child); };
-    enlist(child, record, index);
+    const auto isPresent = [&alive, child]() { return alive && alive->m_table->find(child); };
+    m_table->insert(this, child, record, index);
     child->setParentFigure(m_figure);
     if (isPresent())
         setConstraint(child, constraint);
@@ -114,19 +103,9 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
     return isPresent();
 }
 
-void Layout::enlist(Figure *child, const LayoutHelper &record, int index)
-{
-    const bool inside = index >= 0 && index < m_children.size();
-    m_children.insert(inside ? index : m_children.size(), child);
-    auto *helper = new LayoutHelper(record);
-    helper->m_childWatch =
-        connect(child, &QObject::destroyed, this, [this, child]() { forget(child); });
-    m_helpers.insert(child, helper);
-}
-
 bool Layout::remove(Figure *child)
 {
-    if (!child || !m_helpers.contains(child))
+    if (!child || !m_table->find(child))
         return false;
 
     const QPointer<Layout> alive(this);
@@ -135,7 +114,7 @@ bool Layout::remove(Figure *child)
                  [this](ILayoutListener *listener) { listener->remove(m_figure); }))
         return true;
 
-    const QMetaObject::Connection watch = dismiss(child);
+    ChildRecord *record = dismiss(child);
     if (guarded && isNotified(m_figure)) {
         child->removeNotify();
         if (alive && m_figure)
@@ -145,30 +124,26 @@ bool Layout::remove(Figure *child)
         child->erase();
     if (guarded)
         child->setParentFigure(nullptr);
-    disconnect(watch);
-    if (alive)
-        removeChild(m_children, child);
+    // A destroyed child has left by itself.
+    if (alive && guarded && record)
+        m_table->remove(record);
     return true;
 }
 
-// Takes the record of a child away, with what it alone held. The watch over the child goes on until
-// the child has left the list too.
-QMetaObject::Connection Layout::dismiss(Figure *child)
+// The child counts as removed from here on, although it stays in the list until all are told.
+ChildRecord *Layout::dismiss(Figure *child)
 {
-    LayoutHelper *helper = m_helpers.take(child);
-    if (!helper)
-        return {};
-
-    const QMetaObject::Connection watch = helper->m_childWatch;
-    release(helper->m_object);
-    delete helper;
-    return watch;
+    ChildRecord *record = m_table->find(child);
+    if (record) {
+        release(record->helper.m_object);
+        m_table->dismiss(record);
+    }
+    return record;
 }
 
-void Layout::forget(Figure *destroyedChild)
+void Layout::forget(ChildRecord *destroyedChild)
 {
-    delete m_helpers.take(destroyedChild);
-    removeChild(m_children, destroyedChild);
+    m_table->remove(destroyedChild);
     ++m_destroyedChildren;
     if (isNotified(m_figure))
         m_figure->revalidate();
@@ -181,12 +156,12 @@ unsigned int Layout::destroyedChildCount() const
 
 QList<Figure *> Layout::childFigures()
 {
-    return m_children;
+    return m_table->figures();
 }
 
 int Layout::childFigureCount() const
 {
-    return static_cast<int>(m_children.size());
+    return m_table->count();
 }
 
 QVariant Layout::getConstraint(Figure *child)
@@ -206,10 +181,12 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
         }))
         return true;
 
-    if (LayoutHelper *helper = getHelper(child)) {
-        QObject *replaced = helper->m_object;
-        helper->setConstraint(constraint);
-        if (replaced != helper->m_object)
+    if (ChildRecord *record = m_table->find(child)) {
+        QObject *replaced = record->helper.m_object;
+        record->helper.setConstraint(constraint);
+        m_table->note(record, Pending::Placement);
+        m_table->note(record, Pending::Extent);
+        if (replaced != record->helper.m_object)
             release(replaced);
         applyConstraint(child, constraint);
     }
@@ -252,7 +229,8 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                    const ITreeSearch &search, bool containedOnly) const
 {
-    for (Figure *child : m_children) {
+    const QList<Figure *> children = m_table->figures();
+    for (Figure *child : children) {
         if (child->isVisible())
             child->findFigures(result, rect, search, containedOnly);
     }
@@ -260,7 +238,8 @@ void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
 
 Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
 {
-    for (auto child = m_children.crbegin(); child != m_children.crend(); ++child) {
+    const QList<Figure *> children = m_table->figures();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
         if (!(*child)->isVisible())
             continue;
         if (Figure *found = (*child)->findFigureAt(x, y, search))
@@ -403,7 +382,8 @@ void Layout::setLaidOut(bool laidOut)
 
 Layout::LayoutHelper *Layout::getHelper(Figure *child) const
 {
-    return m_helpers.value(child);
+    ChildRecord *record = m_table->find(child);
+    return record ? &record->helper : nullptr;
 }
 
 unsigned int Layout::getHTotalStretch() const
@@ -419,7 +399,7 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(const unsigned int LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    for (Figure *child : m_children) {
+    for (Figure *child : m_table->figures()) {
         const LayoutHelper *helper = getHelper(child);
         if (helper && child->isVisible())
             total += helper->*stretch;

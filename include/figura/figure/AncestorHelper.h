@@ -7,8 +7,11 @@
 #include <QObject>
 #include <QPointer>
 
+#include <list>
+
 namespace Velmora::Figura {
 
+class AncestorHub;
 class Figure;
 
 /// Watches a figure and all of its ancestors, and passes on what happens to them as signals, which
@@ -46,15 +49,17 @@ private:
     struct Hook
     {
         QPointer<Figure> figure;
-        QMetaObject::Connection moved;
-        QMetaObject::Connection destroyed;
+        QPointer<AncestorHub> hub;
+        std::list<AncestorHelper *>::iterator place; // in the hub
     };
 
     void hook(Figure *figure);
+    void hookDirectly(Figure *figure);
     void unhook(const Hook &hook);
     int firstHook(Figure *figure) const;
 
     QPointer<Figure> m_figure;
+    QMetaObject::Connection m_direct[3]; // to the watched figure itself
     QList<Hook> m_chain; // the watched figure first, then what was above it when it was hooked
 };
 

@@ -3,15 +3,18 @@
 #include <figura/export.h>
 #include <figura/figure/Figure.h> // complete, so that signals with figures have meta-types
 
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
 
+#include <memory>
+
 namespace Velmora::Figura {
 
+class ChildTable;
 class ILayoutListener;
+struct ChildRecord;
 
 /// Holds the children of one figure, its container, and places, paints and hit-tests them.
 ///
@@ -43,7 +46,6 @@ public:
         QVariant m_constraint;
         QPointer<QObject> m_object; // the object in the constraint, while it lives
         bool m_holdsObject = false;
-        QMetaObject::Connection m_childWatch;
     };
 
     explicit Layout(QObject *parent = nullptr);
@@ -119,10 +121,11 @@ protected:
     unsigned int destroyedChildCount() const;
 
 private:
+    friend class ChildTable;
+
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
-    void enlist(Figure *child, const LayoutHelper &record, int index);
-    QMetaObject::Connection dismiss(Figure *child);
-    void forget(Figure *destroyedChild);
+    ChildRecord *dismiss(Figure *child);
+    void forget(ChildRecord *destroyedChild);
     unsigned int totalStretch(const unsigned int LayoutHelper::*stretch) const;
 
     QPointer<Figure> m_figure;
@@ -132,8 +135,7 @@ private:
     QSize m_preferredSize;
     QSize m_minimumSize;
     bool m_laidOut = false;
-    QList<Figure *> m_children;
-    QHash<Figure *, LayoutHelper *> m_helpers;
+    std::unique_ptr<ChildTable> m_table;
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;
 };

@@ -1,0 +1,268 @@
+#include "childtable_p.h"
+
+#include "figure/ownclass_p.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Velmora::Figura {
+
+ChildRecord::ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelper &constraints)
+    : helper(constraints)
+    , figure(child)
+    , layout(holder)
+{
+    positions.fill(-1);
+}
+
+ChildTable &ChildTable::of(const Layout *layout)
+{
+    return *layout->m_table;
+}
+
+void ChildTable::note(const Figure *figure, Pending kind)
+{
+    for (ChildRecord *record = figure->m_records; record; record = record->next)
+        of(record->layout).note(record, kind);
+}
+
+void ChildTable::figureDestroyed(Figure *figure)
+{
+    while (ChildRecord *record = figure->m_records)
+        record->layout->forget(record);
+}
+
+ChildTable::~ChildTable()
+{
+    for (ChildRecord *record : std::as_const(m_records)) {
+        if (record)
+            remove(record);
+    }
+}
+
+ChildRecord *ChildTable::insert(Layout *layout, Figure *figure, const Layout::LayoutHelper &helper,
+                                int index)
+{
+    auto *record = new ChildRecord(layout, figure, helper);
+    record->next = figure->m_records;
+    figure->m_records = record;
+    m_index.insert(figure, record);
+
+    if (index >= 0 && index < count()) {
+        closeGaps();
+        m_figures.insert(index, figure);
+        m_records.insert(index, record);
+        m_numbered = false;
+        ++m_numbering;
+    } else {
+        record->slot = slotCount();
+        m_figures.append(figure);
+        m_records.append(record);
+    }
+    for (Pending kind : {Pending::Validation, Pending::Placement, Pending::Extent, Pending::Area})
+        note(record, kind);
+    return record;
+}
+
+void ChildTable::dismiss(ChildRecord *record)
+{
+    m_index.remove(record->figure);
+    record->dismissed = true;
+    note(record, Pending::Extent);
+}
+
+void ChildTable::remove(ChildRecord *record)
+{
+    const int slot = slotOf(record);
+    if (!record->dismissed)
+        dismiss(record);
+    for (int kind = 0; kind <= foreignKind; ++kind)
+        drop(record, kind);
+
+    ChildRecord **link = &record->figure->m_records;
+    while (*link != record)
+        link = &(*link)->next;
+    *link = record->next;
+
+    m_figures[slot] = nullptr;
+    m_records[slot] = nullptr;
+    ++m_gaps;
+    ++m_removals;
+    noteEmptied(slot);
+    delete record;
+}
+
+const QList<Figure *> &ChildTable::figures()
+{
+    closeGaps();
+    return m_figures;
+}
+
+void ChildTable::closeGaps()
+{
+    if (m_gaps == 0)
+        return;
+    m_figures.removeAll(nullptr);
+    m_records.removeAll(nullptr);
+    m_gaps = 0;
+    m_numbered = false;
+    ++m_numbering;
+}
+
+void ChildTable::number()
+{
+    if (m_numbered)
+        return;
+    for (int slot = 0; slot < slotCount(); ++slot) {
+        if (ChildRecord *record = m_records.at(slot))
+            record->slot = slot;
+    }
+    m_numbered = true;
+}
+
+int ChildTable::slotOf(const ChildRecord *record)
+{
+    number();
+    return record->slot;
+}
+
+void ChildTable::append(ChildRecord *record, int kind)
+{
+    Notes &list = notes(kind);
+    record->positions[kind] = static_cast<int>(list.records.size());
+    list.records.push_back(record);
+}
+
+void ChildTable::note(ChildRecord *record, Pending kind)
+{
+    Notes &list = notes(static_cast<int>(kind));
+    if (list.all || record->positions[static_cast<int>(kind)] >= 0)
+        return;
+    // To tell so many apart would cost more than to visit all.
+    if (list.records.size() >= std::max<std::size_t>(fewNotes, m_figures.size() / 8))
+        noteAll(kind);
+    else
+        append(record, static_cast<int>(kind));
+}
+
+void ChildTable::noteAll(Pending kind)
+{
+    Notes &list = notes(static_cast<int>(kind));
+    for (ChildRecord *record : list.records)
+        record->positions[static_cast<int>(kind)] = -1;
+    list.all = true;
+    list.records = {};
+    if (kind == Pending::Extent)
+        m_emptiedSlots = {};
+}
+
+void ChildTable::drop(ChildRecord *record, int kind)
+{
+    const int position = record->positions[kind];
+    if (position < 0)
+        return;
+    auto &records = notes(kind).records;
+    records[position] = records.back();
+    records[position]->positions[kind] = position;
+    records.pop_back();
+    record->positions[kind] = -1;
+}
+
+void ChildTable::noteEmptied(int slot)
+{
+    if (notes(static_cast<int>(Pending::Extent)).all)
+        return;
+    m_emptiedSlots.push_back(slot);
+    if (m_emptiedSlots.size() > std::max<std::size_t>(fewNotes, m_figures.size() / 8))
+        noteAll(Pending::Extent);
+}
+
+std::vector<int> ChildTable::takeEmptiedSlots()
+{
+    return std::exchange(m_emptiedSlots, {});
+}
+
+bool ChildTable::isPending(Pending kind) const
+{
+    const Notes &list = notes(static_cast<int>(kind));
+    return list.all || !list.records.empty();
+}
+
+ChildTable::Batch ChildTable::take(Pending kind)
+{
+    Notes &list = notes(static_cast<int>(kind));
+    if (list.all) {
+        std::for_each(m_records.cbegin(), m_records.cend(), [this](auto *r) { classify(r); });
+    }
+    for (ChildRecord *record : list.records) {
+        record->positions[static_cast<int>(kind)] = -1;
+        classify(record);
+    }
+    Batch batch{list.all, {}};
+    batch.records.swap(list.records);
+    list.all = false;
+    return batch;
+}
+
+// Not before the figure is asked for something: until its constructor has run it seems to be of a
+// base class.
+void ChildTable::classify(ChildRecord *record)
+{
+    if (!record || record->classification != ChildRecord::Class::Unknown)
+        return;
+    const bool own = isOwnClass(record->figure);
+    record->classification = own ? ChildRecord::Class::Own : ChildRecord::Class::Foreign;
+    if (!own)
+        append(record, foreignKind);
+}
+
+ChildAgenda::ChildAgenda(ChildTable &table, Pending kind, const ChildTable::Batch &batch)
+    : m_table(table)
+    , m_kind(kind)
+    , m_removals(table.m_removals)
+{
+    m_heap.reserve(batch.records.size() + table.foreign().size());
+    for (const ChildRecord *record : batch.records) {
+        if (record->classification == ChildRecord::Class::Own)
+            m_heap.push_back({m_table.slotOf(record), record->figure});
+    }
+    for (const ChildRecord *record : table.foreign())
+        m_heap.push_back({m_table.slotOf(record), record->figure});
+    std::make_heap(m_heap.begin(), m_heap.end());
+}
+
+Figure *ChildAgenda::takeNext()
+{
+    std::pop_heap(m_heap.begin(), m_heap.end());
+    const Due next = m_heap.back();
+    m_heap.pop_back();
+    m_slot = next.slot;
+    return m_table.find(next.figure) ? next.figure : nullptr;
+}
+
+void ChildAgenda::add(const ChildRecord *record)
+{
+    // The foreign ones were on the agenda from the beginning.
+    if (!record || record->classification == ChildRecord::Class::Foreign ||
+        m_table.slotOf(record) <= m_slot)
+        return;
+    m_heap.push_back({record->slot, record->figure});
+    std::push_heap(m_heap.begin(), m_heap.end());
+}
+
+void ChildAgenda::absorbNotes()
+{
+    const auto &list = m_table.m_notes[static_cast<int>(m_kind)];
+    if (list.all && !m_absorbedAll) {
+        m_absorbedAll = true;
+        for (int slot = m_slot + 1; slot < m_table.slotCount(); ++slot)
+            add(m_table.recordAt(slot));
+    }
+    // A removal may have moved a note to the front.
+    if (std::exchange(m_removals, m_table.m_removals) != m_table.m_removals)
+        m_seen = 0;
+    for (; m_seen < list.records.size(); ++m_seen)
+        add(list.records[m_seen]);
+}
+
+} // namespace Velmora::Figura
