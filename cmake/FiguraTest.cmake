@@ -21,6 +21,9 @@ if(FIGURA_SANITIZE)
     )
 endif()
 
+# Compiling the tests takes longer than running them: without optimization it takes a third less.
+set(FIGURA_TEST_COMPILE_OPTIONS $<$<CONFIG:Debug>:-O0>)
+
 # figura_add_test(tst_name [SOURCES file...] [LIBRARIES target...])
 #
 # One executable and one test, both called tst_name. Without SOURCES it is made of tst_name.cpp.
@@ -38,6 +41,7 @@ function(figura_add_test name)
         ${name} PRIVATE Figura::Figura Qt6::Test figura_test_support figura_warnings
                         ${arg_LIBRARIES}
     )
+    target_compile_options(${name} PRIVATE ${FIGURA_TEST_COMPILE_OPTIONS})
     target_precompile_headers(${name} REUSE_FROM figura_test_pch)
 
     add_test(NAME ${name} COMMAND ${name})
