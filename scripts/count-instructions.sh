@@ -23,7 +23,7 @@ read_counts()
     awk '
         FNR == 1 { name = "" }
         /^desc: Trigger: Client Request: / { sub(/^desc: Trigger: Client Request: /, ""); name = $0 }
-        /^(totals|summary): / && name != "" {
+        /^totals: / && name != "" {
             split(name, part, "/")
             printf "%s\t%.0f\n", part[1], $2 / part[2]
             name = ""

@@ -1,9 +1,13 @@
 #include <figura/connection/ConnectionAnchorBase.h>
 
+#include "figure/signals_p.h"
+
 #include <figura/connection/IAnchorListener.h>
 
 namespace Velmora::Figura {
 namespace {
+
+constexpr auto anchorMovedSignature = "anchorMoved(IConnectionAnchor*)";
 
 QObject *asObject(IAnchorListener *listener, const char *operation)
 {
@@ -27,15 +31,13 @@ ConnectionAnchorBase::~ConnectionAnchorBase() = default;
 void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "addAnchorListener"))
-        connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
-                SLOT(anchorMoved(IConnectionAnchor *)));
+        connectNormalized(this, anchorMovedSignature, object, anchorMovedSignature);
 }
 
 void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "removeAnchorListener"))
-        disconnect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
-                   SLOT(anchorMoved(IConnectionAnchor *)));
+        disconnectNormalized(this, anchorMovedSignature, object, anchorMovedSignature);
 }
 
 } // namespace Velmora::Figura

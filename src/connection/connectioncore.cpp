@@ -1,6 +1,6 @@
 #include "connectioncore_p.h"
 
-#include "figure/childwalk_p.h"
+#include "layout/childtable_p.h"
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
@@ -161,6 +161,7 @@ void ConnectionCore::updateBounds(const QRect &lineBounds)
         });
     }
     m_bounds = bounds;
+    ChildTable::note(m_figure, Pending::Area);
     if (bounds.isNull())
         return;
     m_figure->repaint(bounds);

@@ -5,6 +5,7 @@
 
 #include "ancestorhub_p.h"
 #include "listenerconnections_p.h"
+#include "signals_p.h"
 
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/IAncestorListener.h>
@@ -38,12 +39,9 @@ void Figure::addAncestorListener(IAncestorListener *listener)
     if (!m_ancestorHelper)
         m_ancestorHelper = new AncestorHelper(this, nullptr);
     ListenerConnections &made = ensure(m_ancestorConnections);
-    made.add(object,
-             connect(this, SIGNAL(ancestorAdded(Figure *)), object, SLOT(ancestorAdded(Figure *))));
-    made.add(object,
-             connect(this, SIGNAL(ancestorMoved(Figure *)), object, SLOT(ancestorMoved(Figure *))));
-    made.add(object, connect(this, SIGNAL(ancestorRemoved(Figure *)), object,
-                             SLOT(ancestorRemoved(Figure *))));
+    for (const char *signature :
+         {"ancestorAdded(Figure*)", "ancestorMoved(Figure*)", "ancestorRemoved(Figure*)"})
+        made.add(object, connectNormalized(this, signature, object, signature));
     ++m_ancestorListenerCount;
 }
 
@@ -65,9 +63,8 @@ void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
     if (!object)
         return;
 
-    const QMetaObject::Connection made =
-        connect(this, SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &)),
-                object, SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &)));
+    constexpr auto signature = "propertyChanged(QString,QVariant,QVariant)";
+    const QMetaObject::Connection made = connectNormalized(this, signature, object, signature);
     ensure(m_propertyConnections).add(object, made);
 }
 

@@ -4,6 +4,7 @@
 
 #include "layout/childtable_p.h"
 #include "ownclass_p.h"
+#include "workcounters_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -76,6 +77,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 // Background, shape and border; the children come on top of all three.
 void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
 {
+    ++workCounters().painted;
     const QPointer<Figure> alive(this);
     painter->save();
     drawBackground(painter, option);

@@ -64,6 +64,7 @@ Layout *Figure::setLayoutManager(Layout *layout)
         previous->setFigure(nullptr);
     m_layout = layout;
     layout->setFigure(this);
+    noteArea();
     return previous;
 }
 

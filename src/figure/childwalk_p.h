@@ -1,5 +1,7 @@
 #pragma once
 
+#include "figure/workcounters_p.h"
+
 #include <QList>
 #include <QPointer>
 
@@ -23,8 +25,10 @@ void walkChildren(Owner *owner, Visit visit)
         if (!alive)
             return;
         const QList<Figure *> present = owner->childFigures();
-        if (present.constData() == children.constData() || present.contains(child))
+        if (present.constData() == children.constData() || present.contains(child)) {
+            ++workCounters().visited;
             visit(child);
+        }
     }
 }
 

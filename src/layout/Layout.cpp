@@ -2,6 +2,8 @@
 
 #include "childtable_p.h"
 #include "constraint_p.h"
+#include "figure/ownclass_p.h"
+#include "figure/paintregion_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -65,7 +67,6 @@ void Layout::LayoutHelper::setConstraint(const QVariant &constraint)
 
 Layout::Layout(QObject *parent)
     : QObject(parent)
-    , m_table(std::make_unique<ChildTable>())
 {
 }
 
@@ -84,12 +85,14 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
 bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelper &record,
                     int index)
 {
-    if (!m_figure || !child || m_table->find(child))
+    if (!m_figure || !child || table().find(child))
         return false;
 
     // Whoever is told on the way may take the child out again, or destroy it or this layout.
     const QPointer<Layout> alive(this);
-    const auto isPresent = [&alive, child]() { return alive && alive->m_table->find(child); };
+    const auto isPresent = [&alive, child]() { return alive && alive->table().find(child); };
+    if (!m_table)
+        m_table = std::make_unique<ChildTable>();
     m_table->insert(this, child, record, index);
     child->setParentFigure(m_figure);
     if (isPresent())
@@ -105,7 +108,7 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
 
 bool Layout::remove(Figure *child)
 {
-    if (!child || !m_table->find(child))
+    if (!child || !table().find(child))
         return false;
 
     const QPointer<Layout> alive(this);
@@ -126,27 +129,32 @@ bool Layout::remove(Figure *child)
         child->setParentFigure(nullptr);
     // A destroyed child has left by itself.
     if (alive && guarded && record)
-        m_table->remove(record);
+        table().remove(record);
     return true;
 }
 
 // The child counts as removed from here on, although it stays in the list until all are told.
 ChildRecord *Layout::dismiss(Figure *child)
 {
-    ChildRecord *record = m_table->find(child);
+    ChildRecord *record = table().find(child);
     if (record) {
         release(record->helper.m_object);
-        m_table->dismiss(record);
+        table().dismiss(record);
     }
     return record;
 }
 
 void Layout::forget(ChildRecord *destroyedChild)
 {
-    m_table->remove(destroyedChild);
+    table().remove(destroyedChild);
     ++m_destroyedChildren;
     if (isNotified(m_figure))
         m_figure->revalidate();
+}
+
+ChildTable &Layout::table() const
+{
+    return ChildTable::of(this);
 }
 
 unsigned int Layout::destroyedChildCount() const
@@ -156,12 +164,12 @@ unsigned int Layout::destroyedChildCount() const
 
 QList<Figure *> Layout::childFigures()
 {
-    return m_table->figures();
+    return table().figures();
 }
 
 int Layout::childFigureCount() const
 {
-    return m_table->count();
+    return table().count();
 }
 
 QVariant Layout::getConstraint(Figure *child)
@@ -181,11 +189,11 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
         }))
         return true;
 
-    if (ChildRecord *record = m_table->find(child)) {
+    if (ChildRecord *record = table().find(child)) {
         QObject *replaced = record->helper.m_object;
         record->helper.setConstraint(constraint);
-        m_table->note(record, Pending::Placement);
-        m_table->note(record, Pending::Extent);
+        table().note(record, Pending::Placement);
+        table().note(record, Pending::Extent);
         if (replaced != record->helper.m_object)
             release(replaced);
         applyConstraint(child, constraint);
@@ -229,8 +237,8 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                    const ITreeSearch &search, bool containedOnly) const
 {
-    const QList<Figure *> children = m_table->figures();
-    for (Figure *child : children) {
+    AreaWalk walk(const_cast<Layout *>(this), {rect}, AreaWalk::UPWARDS);
+    while (Figure *child = walk.next()) {
         if (child->isVisible())
             child->findFigures(result, rect, search, containedOnly);
     }
@@ -238,11 +246,13 @@ void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
 
 Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
 {
-    const QList<Figure *> children = m_table->figures();
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (!(*child)->isVisible())
+    const int reach = ChildGrid::tolerance();
+    const QRect around(x - reach, y - reach, 2 * reach + 1, 2 * reach + 1);
+    AreaWalk walk(const_cast<Layout *>(this), {around}, AreaWalk::DOWNWARDS);
+    while (Figure *child = walk.next()) {
+        if (!child->isVisible())
             continue;
-        if (Figure *found = (*child)->findFigureAt(x, y, search))
+        if (Figure *found = child->findFigureAt(x, y, search))
             return found;
     }
     return nullptr;
@@ -271,11 +281,29 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
     painter->save();
     if (isClipping())
         painter->setClipRect(option.rect, Qt::IntersectClip);
-    walkChildren(this, [painter, &option](Figure *child) {
+    AreaWalk walk(this, paintedRects(painter, option.rect), AreaWalk::UPWARDS);
+    while (Figure *child = walk.next()) {
         if (child->isVisible())
             child->render(painter, option);
-    });
+    }
     painter->restore();
+}
+
+// The damaged rectangles in the children's coordinates, as far as these follow from absolute ones;
+// an invalid one, which makes every child be asked, where a subclass translates in its own way.
+QList<QRect> Layout::paintedRects(const QPainter *painter, const QRect &rect) const
+{
+    for (const Figure *figure = m_figure; figure; figure = figure->getParentFigure()) {
+        if (!isOwnClass(figure))
+            return {QRect()};
+    }
+    QPoint origin;
+    m_figure->translateToParent(origin);
+    m_figure->translateToAbsolute(origin);
+    QList<QRect> rects = PaintRegion::rectsFor(painter, rect);
+    for (QRect &part : rects)
+        part.translate(-origin);
+    return rects;
 }
 
 bool Layout::layout(Figure *container)
@@ -298,6 +326,7 @@ bool Layout::layout(Figure *container)
     if (!takenOver) {
         QRect area = container->getClientArea();
         container->translateFromParent(area);
+        ++workCounters().laidOut;
         const bool laidOut = performLayout(area);
         if (!alive)
             return false;
@@ -382,7 +411,7 @@ void Layout::setLaidOut(bool laidOut)
 
 Layout::LayoutHelper *Layout::getHelper(Figure *child) const
 {
-    ChildRecord *record = m_table->find(child);
+    ChildRecord *record = table().find(child);
     return record ? &record->helper : nullptr;
 }
 
@@ -399,7 +428,7 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(const unsigned int LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    for (Figure *child : m_table->figures()) {
+    for (Figure *child : table().figures()) {
         const LayoutHelper *helper = getHelper(child);
         if (helper && child->isVisible())
             total += helper->*stretch;

@@ -17,7 +17,8 @@ ChildRecord::ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelp
 
 ChildTable &ChildTable::of(const Layout *layout)
 {
-    return *layout->m_table;
+    static ChildTable none; // many layouts never get a child
+    return layout->m_table ? *layout->m_table : none;
 }
 
 void ChildTable::note(const Figure *figure, Pending kind)
@@ -43,6 +44,7 @@ ChildTable::~ChildTable()
 ChildRecord *ChildTable::insert(Layout *layout, Figure *figure, const Layout::LayoutHelper &helper,
                                 int index)
 {
+    ++m_revision;
     auto *record = new ChildRecord(layout, figure, helper);
     record->next = figure->m_records;
     figure->m_records = record;
@@ -88,6 +90,9 @@ void ChildTable::remove(ChildRecord *record)
     m_records[slot] = nullptr;
     ++m_gaps;
     ++m_removals;
+    ++m_revision;
+    if (m_grid)
+        m_grid->remove(record);
     noteEmptied(slot);
     delete record;
 }
@@ -135,6 +140,8 @@ void ChildTable::append(ChildRecord *record, int kind)
 
 void ChildTable::note(ChildRecord *record, Pending kind)
 {
+    if (kind == Pending::Area)
+        ++m_revision;
     Notes &list = notes(static_cast<int>(kind));
     if (list.all || record->positions[static_cast<int>(kind)] >= 0)
         return;
@@ -237,6 +244,7 @@ Figure *ChildAgenda::takeNext()
     const Due next = m_heap.back();
     m_heap.pop_back();
     m_slot = next.slot;
+    ++workCounters().visited;
     return m_table.find(next.figure) ? next.figure : nullptr;
 }
 
@@ -263,6 +271,71 @@ void ChildAgenda::absorbNotes()
         m_seen = 0;
     for (; m_seen < list.records.size(); ++m_seen)
         add(list.records[m_seen]);
+}
+
+bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &found)
+{
+    if (count() < fewChildren)
+        return false;
+    if (!m_grid)
+        m_grid = std::make_unique<ChildGrid>();
+    m_grid->update(*this);
+    for (const QRect &rect : rects) {
+        if (!rect.isValid() || !m_grid->find(rect, found))
+            return false;
+    }
+    number();
+    const auto before = [](const ChildRecord *a, const ChildRecord *b) {
+        return a->slot < b->slot;
+    };
+    std::sort(found.begin(), found.end(), before);
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return true;
+}
+
+AreaWalk::AreaWalk(Layout *layout, const QList<QRect> &rects, Direction direction)
+    : m_layout(layout)
+    , m_table(ChildTable::of(layout))
+    , m_direction(direction)
+{
+    m_askAll = !isOwnClass(layout) || !m_table.findIn(rects, m_found);
+    if (m_askAll)
+        m_table.figures();
+    m_all = m_table.figuresAndGaps();
+    m_revision = m_table.revision();
+    if (direction == DOWNWARDS) {
+        std::reverse(m_found.begin(), m_found.end());
+        m_slot = static_cast<int>(m_all.size());
+    }
+}
+
+Figure *AreaWalk::next()
+{
+    if (!m_layout)
+        return nullptr;
+    m_askAll = m_askAll || m_revision != m_table.revision();
+    ++workCounters().visited;
+    return m_askAll ? nextOfAll() : nextFound();
+}
+
+Figure *AreaWalk::nextFound()
+{
+    if (m_position == m_found.size())
+        return nullptr;
+    const ChildRecord *record = m_found[m_position++];
+    m_slot = record->slot;
+    return record->figure;
+}
+
+Figure *AreaWalk::nextOfAll()
+{
+    const int step = m_direction == UPWARDS ? 1 : -1;
+    for (m_slot += step; m_slot >= 0 && m_slot < m_all.size(); m_slot += step) {
+        Figure *figure = m_all.at(m_slot);
+        if (figure && (m_revision == m_table.revision() || m_table.find(figure)))
+            return figure;
+    }
+    return nullptr;
 }
 
 } // namespace Velmora::Figura

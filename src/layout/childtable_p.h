@@ -1,5 +1,6 @@
 #pragma once
 
+#include "childgrid_p.h"
 #include "figure/childwalk_p.h"
 
 #include <figura/layout/Layout.h>
@@ -32,8 +33,7 @@ struct ChildRecord
     std::array<int, 5> positions; // in the list of each kind of pending work; last: foreign ones
     Class classification = Class::Unknown;
     bool dismissed = false; // no child any more, though still in the list
-    QRect area;             // where the index has it; see ChildGrid
-    int cellPosition = -1;
+    int cellPosition = -1;  // in the grid
     quint64 cell = 0;
 };
 
@@ -88,6 +88,12 @@ public:
     int slotOf(const ChildRecord *record);
     ChildRecord *recordAt(int slot) const { return m_records.at(slot); } ///< Null: a gap.
     unsigned int numbering() const { return m_numbering; } ///< Other slots, another number.
+    /// Grows with every child that comes, goes or may have another area.
+    unsigned int revision() const { return m_revision; }
+
+    /// All that may meet one of \a rects, in their order. False when it is as well to ask all.
+    bool findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &found);
+    const QList<Figure *> &figuresAndGaps() const { return m_figures; }
 
 private:
     friend class ChildAgenda;
@@ -100,6 +106,7 @@ private:
 
     static constexpr int foreignKind = 4;
     static constexpr std::size_t fewNotes = 64;
+    static constexpr int fewChildren = 32; // asked one by one as quickly
 
     Notes &notes(int kind) { return m_notes[kind]; }
     const Notes &notes(int kind) const { return m_notes[kind]; }
@@ -119,6 +126,8 @@ private:
     bool m_numbered = true;
     unsigned int m_numbering = 0;
     unsigned int m_removals = 0;
+    unsigned int m_revision = 0;
+    std::unique_ptr<ChildGrid> m_grid;
 };
 
 /// The children that are to be visited, in their order; more may be added while they are.
@@ -176,5 +185,33 @@ void walkPending(Owner *owner, Layout *layout, Pending kind, Visit visit)
         agenda.absorbNotes();
     }
 }
+
+/// The children that may meet a rectangle, in the order of the children or against it.
+///
+/// When a child comes, goes or moves meanwhile, all those that lie ahead are handed out: what the
+/// grid said may no longer hold.
+class AreaWalk
+{
+public:
+    enum Direction { UPWARDS, DOWNWARDS };
+
+    AreaWalk(Layout *layout, const QList<QRect> &rects, Direction direction);
+
+    Figure *next(); ///< Null at the end, and when the layout has been destroyed.
+
+private:
+    Figure *nextFound();
+    Figure *nextOfAll();
+
+    const QPointer<Layout> m_layout;
+    ChildTable &m_table;
+    const Direction m_direction;
+    std::vector<ChildRecord *> m_found;
+    std::size_t m_position = 0;
+    QList<Figure *> m_all;
+    int m_slot = -1;
+    unsigned int m_revision = 0;
+    bool m_askAll;
+};
 
 } // namespace Velmora::Figura

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformViewer.h>
 
+#include "damage_p.h"
+
 #include <figura/figure/Figure.h>
 #include <figura/layout/PageLayout.h>
 #include <figura/view/FreeformWidget.h>
@@ -77,7 +79,7 @@ IViewport *FreeformViewer::getViewport()
 void FreeformViewer::updateContentRect(const QRect &rect)
 {
     if (m_widget)
-        m_widget->update(damagedPixels(rect));
+        m_widget->m_damage->add(damagedPixels(rect));
 }
 
 // At scale 1 whole units are whole pixels. At any other scale the nearest pixels may not hold all

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "damage_p.h"
+
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
 #include <figura/view/UpdateManager.h>
@@ -15,6 +17,7 @@ namespace Velmora::Figura {
 FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
     : QWidget(viewer, flags)
     , m_viewer(viewer)
+    , m_damage(std::make_unique<Damage>(this))
 {
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_MouseTracking);

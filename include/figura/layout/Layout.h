@@ -126,6 +126,8 @@ private:
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
     ChildRecord *dismiss(Figure *child);
     void forget(ChildRecord *destroyedChild);
+    ChildTable &table() const;
+    QList<QRect> paintedRects(const QPainter *painter, const QRect &rect) const;
     unsigned int totalStretch(const unsigned int LayoutHelper::*stretch) const;
 
     QPointer<Figure> m_figure;
@@ -135,7 +137,7 @@ private:
     QSize m_preferredSize;
     QSize m_minimumSize;
     bool m_laidOut = false;
-    std::unique_ptr<ChildTable> m_table;
+    std::unique_ptr<ChildTable> m_table; // made for the first child
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;
 };

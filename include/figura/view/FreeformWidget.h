@@ -8,10 +8,13 @@
 #include <QTransform>
 #include <QWidget>
 
+#include <memory>
+
 class QPrinter;
 
 namespace Velmora::Figura {
 
+class Damage;
 class Figure;
 class FreeformLayeredPane;
 class FreeformViewer;
@@ -124,7 +127,8 @@ private:
     QRect printArea(Layer *layer, const QRect &rect) const;
     void printContent(QPainter *painter, Figure *figure, const QRect &rect) const;
     QRect optionRect(const QRect &widgetRect);
-    void paintContent(QPainter *painter, const QRect &widgetRect);
+    void paintAll(QPaintEvent *event);
+    void paintContent(QPainter *painter, const QRegion &widgetRegion);
     void paintElasticBand(QPainter *painter);
     void paintHighlight(QPainter *painter);
     void paintBand(QPainter *painter, const QRect &rect);
@@ -147,6 +151,7 @@ private:
     QRect m_savedBounds;
     QTransform m_toWidget;
     QTransform m_toLogical;
+    const std::unique_ptr<Damage> m_damage;
 };
 
 } // namespace Velmora::Figura

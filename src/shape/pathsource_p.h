@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QList>
+#include <QPainterPath>
+#include <QRectF>
+
+#include <memory>
+
+class QPainter;
+
+namespace Velmora::Figura {
+
+class Shape;
+
+/// What a shape's path is made of, from the moment at which the path was due on.
+///
+/// Most paths are never needed: the shape is out of sight, or simple enough to be drawn without
+/// one. The source takes a tenth of the room of the path, which is built when somebody looks at it.
+class PathSource
+{
+public:
+    virtual ~PathSource() = default;
+
+    virtual QPainterPath build() const = 0;
+    virtual QRectF bounds() const = 0; ///< Those of the path, or somewhat more if it is curved.
+    /// Draws with the painter's pen and brush where that gives exactly the pixels of the path,
+    /// moved by \a offset. False otherwise.
+    virtual bool draw(QPainter *painter, const QPointF &offset) const;
+
+    static void give(Shape *shape, std::unique_ptr<PathSource> source);
+    static QRectF boundsOf(const Shape *shape); ///< Of its path, built or not.
+};
+
+class RectangleSource : public PathSource
+{
+public:
+    explicit RectangleSource(const QRectF &rect);
+
+    QPainterPath build() const override;
+    QRectF bounds() const override;
+    bool draw(QPainter *painter, const QPointF &offset) const override;
+
+private:
+    const QRectF m_rect;
+};
+
+class EllipseSource : public PathSource
+{
+public:
+    explicit EllipseSource(const QRectF &rect);
+
+    QPainterPath build() const override;
+    QRectF bounds() const override;
+
+private:
+    const QRectF m_rect;
+};
+
+/// An open line through points.
+template<class Point>
+class PointsSource : public PathSource
+{
+public:
+    explicit PointsSource(const QList<Point> &points)
+        : m_points(points)
+    {
+    }
+
+    QPainterPath build() const override
+    {
+        QPainterPath path;
+        if (m_points.size() < 2)
+            return path;
+        path.moveTo(m_points.first());
+        for (qsizetype i = 1; i < m_points.size(); ++i)
+            path.lineTo(m_points.at(i));
+        return path;
+    }
+
+    QRectF bounds() const override
+    {
+        if (m_points.size() < 2)
+            return {};
+        QPointF least = m_points.first();
+        QPointF most = least;
+        for (const QPointF point : m_points) {
+            least = {qMin(least.x(), point.x()), qMin(least.y(), point.y())};
+            most = {qMax(most.x(), point.x()), qMax(most.y(), point.y())};
+        }
+        return {least, most};
+    }
+
+private:
+    const QList<Point> m_points;
+};
+
+} // namespace Velmora::Figura
