@@ -22,6 +22,13 @@ AncestorHelper::AncestorHelper(Figure *figure, QObject *parent)
     connect(this, &AncestorHelper::ancestorRemoved, figure, &Figure::ancestorRemoved);
 }
 
+AncestorHelper::AncestorHelper(Figure *figure, Relay relay)
+    : m_relay(relay)
+    , m_figure(figure)
+{
+    AncestorHelper::addAncestors(figure);
+}
+
 AncestorHelper::~AncestorHelper()
 {
     cleanup();
@@ -94,10 +101,19 @@ void AncestorHelper::cleanup()
     removeAncestors(figure);
 }
 
+void AncestorHelper::tell(void (AncestorHelper::*own)(Figure *), void (Figure::*relayed)(Figure *),
+                          Figure *ancestor)
+{
+    if (m_relay == Relay::BySignal)
+        Q_EMIT(this->*own)(ancestor);
+    else if (m_figure)
+        Q_EMIT(m_figure->*relayed)(ancestor);
+}
+
 void AncestorHelper::figureMoved(Figure *pFigure)
 {
     if (pFigure)
-        Q_EMIT ancestorMoved(pFigure);
+        tell(&AncestorHelper::ancestorMoved, &Figure::ancestorMoved, pFigure);
 }
 
 void AncestorHelper::ancestorDestroyed(QObject *pObj)
@@ -118,11 +134,11 @@ void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant
     const QPointer<Figure> newParent(qobject_cast<Figure *>(newValue.value<QObject *>()));
     if (auto *oldParent = qobject_cast<Figure *>(oldValue.value<QObject *>())) {
         removeAncestors(oldParent);
-        Q_EMIT ancestorRemoved(oldParent);
+        tell(&AncestorHelper::ancestorRemoved, &Figure::ancestorRemoved, oldParent);
     }
     if (alive && newParent) {
         addAncestors(newParent);
-        Q_EMIT ancestorAdded(newParent);
+        tell(&AncestorHelper::ancestorAdded, &Figure::ancestorAdded, newParent);
     }
 }
 

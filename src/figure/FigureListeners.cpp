@@ -37,7 +37,7 @@ void Figure::addAncestorListener(IAncestorListener *listener)
         return;
 
     if (!m_ancestorHelper)
-        m_ancestorHelper = new AncestorHelper(this, nullptr);
+        m_ancestorHelper = new AncestorHelper(this, AncestorHelper::Relay::ByCall);
     ListenerConnections &made = ensure(m_ancestorConnections);
     for (const char *signature :
          {"ancestorAdded(Figure*)", "ancestorMoved(Figure*)", "ancestorRemoved(Figure*)"})

@@ -79,13 +79,16 @@ void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
 {
     ++workCounters().painted;
     const QPointer<Figure> alive(this);
-    painter->save();
+    const bool isRestored = !m_border && restoresPainter(this);
+    if (!isRestored)
+        painter->save();
     drawBackground(painter, option);
     if (alive)
         drawFigure(painter, option);
     if (alive)
         drawBorder(painter, option, getBorder());
-    painter->restore();
+    if (!isRestored)
+        painter->restore();
 }
 
 void Figure::drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const

@@ -44,12 +44,25 @@ const Classes &ownClasses()
     return known;
 }
 
+const Classes &restoringClasses()
+{
+    static const Classes known =
+        classes<Layer, FreeformLayer, ConnectionLayer, Rectangle, RoundedRectangle, Ellipse,
+                Polygon, Polyline, PolylineF, PolylineConnection, PolylineFConnection>();
+    return known;
+}
+
 } // namespace
 
 // By address: an object of an own class has the library's own table, and so its type information.
 bool isOwnClass(const QObject *object)
 {
     return object && ownClasses().contains(&typeid(*object));
+}
+
+bool restoresPainter(const QObject *object)
+{
+    return restoringClasses().contains(&typeid(*object));
 }
 
 } // namespace Velmora::Figura

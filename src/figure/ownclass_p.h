@@ -9,4 +9,7 @@ namespace Velmora::Figura {
 /// so shortcuts are taken only around objects for which this is true.
 bool isOwnClass(const QObject *object);
 
+/// Whether \a object is of an own class that leaves the painter as it was, whatever it draws.
+bool restoresPainter(const QObject *object);
+
 } // namespace Velmora::Figura

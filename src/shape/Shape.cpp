@@ -5,6 +5,7 @@
 #include <figura/connection/Polyline.h>
 #include <figura/connection/PolylineF.h>
 
+#include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
 #include "layout/childtable_p.h"
 
@@ -265,10 +266,20 @@ void Shape::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) co
     painter->setBrush(m_fill ? QBrush(colors.fill, Qt::SolidPattern) : QBrush(Qt::NoBrush));
     painter->setPen(createPen(*painter, colors.pen));
 
+    drawInside(painter, option);
+    painter->restore();
+}
+
+// What is handed to drawShape() is only seen by a class of the application.
+void Shape::drawInside(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (isOwnClass(this)) {
+        drawShape(painter, option);
+        return;
+    }
     QStyleOptionViewItem inner(option);
     inner.rect = option.rect.marginsRemoved(halfLine(m_lineWidth));
     drawShape(painter, inner);
-    painter->restore();
 }
 
 QRectF Shape::pathRect(const QRect &bounds) const

@@ -4,6 +4,8 @@
 #include <QPainterPath>
 #include <QRectF>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 class QPainter;
@@ -81,6 +83,8 @@ public:
     {
         if (m_points.size() < 2)
             return {};
+        if (!std::all_of(m_points.begin(), m_points.end(), isDrawable))
+            return build().boundingRect();
         QPointF least = m_points.first();
         QPointF most = least;
         for (const QPointF point : m_points) {
@@ -91,6 +95,12 @@ public:
     }
 
 private:
+    // A path leaves out what is no number.
+    static bool isDrawable(const QPointF &point)
+    {
+        return std::abs(point.x()) < 1e100 && std::abs(point.y()) < 1e100;
+    }
+
     const QList<Point> m_points;
 };
 

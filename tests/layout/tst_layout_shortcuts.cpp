@@ -46,7 +46,8 @@ public:
     }
     QRect resolveBounds(const QRect &rect) override
     {
-        return Figure::resolveBounds(rect).adjusted(0, 0, 5, 0);
+        const QRect resolved = Figure::resolveBounds(rect);
+        return resolved.adjusted(0, 0, -(resolved.width() % 10), 0);
     }
 };
 

@@ -1,9 +1,9 @@
-#include "scene.h"
-
 #include "figure/workcounters_p.h"
 
-#include <figura/shape/Ellipse.h>
 #include <figura/shape/Rectangle.h>
+#include <figura/view/FreeformLayer.h>
+#include <figura/view/FreeformLayeredPane.h>
+#include <figura/view/FreeformViewer.h>
 
 #include <QPaintEvent>
 #include <QRandomGenerator>
@@ -14,7 +14,6 @@
 #include <vector>
 
 using namespace Velmora::Figura;
-using namespace Velmora::Figura::Test;
 
 namespace {
 
@@ -44,12 +43,18 @@ public:
 
     Field()
     {
-        scene.viewer.setContent(&scene.pane);
+        viewer.setFrameShape(QFrame::NoFrame);
+        viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        viewer.resize(400, 300);
+        pane.addLayer(&layer, QStringLiteral("figures"));
+        viewer.setContent(&pane);
         for (int i = 0; i < columns * rows; ++i)
             add(QRect(i % columns * 50, i / columns * 40, 40, 30), i);
         QPoint corner(0, 0);
-        scene.viewer.setScale(1.0, &corner);
-        isShown = scene.show();
+        viewer.setScale(1.0, &corner);
+        viewer.show();
+        isShown = QTest::qWaitForWindowExposed(&viewer);
         settle();
     }
 
@@ -64,16 +69,15 @@ public:
     QImage onScreen()
     {
         settle();
-        const QPixmap pixels = scene.viewer.screen()->grabWindow(scene.viewer.winId());
+        const QPixmap pixels = viewer.screen()->grabWindow(viewer.winId());
         return pixels.toImage().convertToFormat(QImage::Format_RGB32);
     }
 
-    QImage repainted()
-    {
-        return scene.viewer.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    }
+    QImage repainted() { return viewer.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-    Scene scene;
+    FreeformLayeredPane pane;
+    FreeformLayer layer;
+    FreeformViewer viewer;
     std::vector<std::unique_ptr<Rectangle>> boxes;
     bool isShown = false;
 
@@ -83,7 +87,7 @@ private:
         boxes.push_back(std::make_unique<Rectangle>(nullptr));
         boxes.back()->setEnabledFGColor(Qt::black);
         boxes.back()->setEnabledBGColor(QColor::fromHsv(index * 37 % 360, 100, 230));
-        scene.layer.add(boxes.back().get(), rect);
+        layer.add(boxes.back().get(), rect);
         boxes.back()->rebuildPath();
     }
 };
@@ -109,13 +113,13 @@ void tst_View_Damage::changeOutsideTheViewportAsksForNoPaint()
 {
     Field field;
     QVERIFY(field.isShown);
-    const PaintRecorder recorder(field.scene.widget());
+    const PaintRecorder recorder(field.viewer.widget());
 
     field.at(30, 30).setEnabledBGColor(Qt::red);
     field.settle();
     QVERIFY(recorder.regions.isEmpty());
 
-    field.scene.viewer.setViewLocation(QPoint(1400, 1150), false);
+    field.viewer.setViewLocation(QPoint(1400, 1150), false);
     QCOMPARE(field.onScreen(), field.repainted());
 }
 
@@ -123,7 +127,7 @@ void tst_View_Damage::fewChangesArePaintedEachByItself()
 {
     Field field;
     QVERIFY(field.isShown);
-    const PaintRecorder recorder(field.scene.widget());
+    const PaintRecorder recorder(field.viewer.widget());
 
     field.at(0, 0).setEnabledBGColor(Qt::red);
     field.at(5, 5).setEnabledBGColor(Qt::red);
@@ -137,7 +141,7 @@ void tst_View_Damage::manyChangesArePaintedAsOneRectangle()
 {
     Field field;
     QVERIFY(field.isShown);
-    const PaintRecorder recorder(field.scene.widget());
+    const PaintRecorder recorder(field.viewer.widget());
 
     for (int i = 0; i < 42; ++i)
         field.at(i % 7, i / 7).setEnabledBGColor(Qt::red);
@@ -209,8 +213,8 @@ void tst_View_Damage::manyChangesLeaveTheRightPixels()
     Field field;
     QVERIFY(field.isShown);
     QRandomGenerator random(seed);
-    field.scene.viewer.setScale(scale, nullptr);
-    field.scene.viewer.setViewLocation(QPoint(300, 200), false);
+    field.viewer.setScale(scale, nullptr);
+    field.viewer.setViewLocation(QPoint(300, 200), false);
 
     for (int round = 0; round < 20; ++round) {
         const int changes = random.bounded(1, 60);
@@ -225,8 +229,8 @@ void tst_View_Damage::manyChangesLeaveTheRightPixels()
                 box.setBounds(box.getBounds().translated(step));
         }
         if (random.bounded(4) == 0)
-            field.scene.viewer.setViewLocation(
-                QPoint(random.bounded(200, 400), random.bounded(100, 300)), false);
+            field.viewer.setViewLocation(QPoint(random.bounded(200, 400), random.bounded(100, 300)),
+                                         false);
         const QImage screen = field.onScreen();
         QCOMPARE(screen, field.repainted());
     }

@@ -46,6 +46,13 @@ public Q_SLOTS:
                          const QVariant &newValue) override;
 
 private:
+    friend class Figure;
+
+    /// How what happens reaches the watched figure: by connections that anybody may use, or, for
+    /// the helper that nobody but the figure knows, by a call.
+    enum class Relay { BySignal, ByCall };
+    AncestorHelper(Figure *figure, Relay relay);
+
     struct Hook
     {
         QPointer<Figure> figure;
@@ -53,11 +60,14 @@ private:
         std::list<AncestorHelper *>::iterator place; // in the hub
     };
 
+    void tell(void (AncestorHelper::*own)(Figure *), void (Figure::*relayed)(Figure *),
+              Figure *ancestor);
     void hook(Figure *figure);
     void hookDirectly(Figure *figure);
     void unhook(const Hook &hook);
     int firstHook(Figure *figure) const;
 
+    const Relay m_relay = Relay::BySignal;
     QPointer<Figure> m_figure;
     QMetaObject::Connection m_direct[3]; // to the watched figure itself
     QList<Hook> m_chain; // the watched figure first, then what was above it when it was hooked

@@ -98,6 +98,7 @@ private:
     Colors disabledColors(const QPalette &palette) const;
     QPen createPen(const QPainter &painter, const QColor &color) const;
 
+    void drawInside(QPainter *painter, const QStyleOptionViewItem &option) const;
     void buildPath() const;
     QPointF absoluteOrigin() const;
 
