@@ -1,5 +1,6 @@
 #include "connectioncore_p.h"
 
+#include "figure/paintreach_p.h"
 #include "layout/childtable_p.h"
 
 #include <figura/connection/IConnection.h>
@@ -180,6 +181,7 @@ void ConnectionCore::eraseBounds()
     }
     if (Figure *parent = m_figure->getParentFigure()) {
         QRect rect = m_bounds;
+        const PaintReach::Damage damage(*m_figure);
         manager->addDirtyRegion(parent, parent->translateToParent(rect));
     }
 }

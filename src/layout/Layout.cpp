@@ -3,6 +3,7 @@
 #include "childtable_p.h"
 #include "constraint_p.h"
 #include "figure/ownclass_p.h"
+#include "figure/paintreach_p.h"
 #include "figure/paintregion_p.h"
 
 #include <figura/layout/ILayoutListener.h>
@@ -293,6 +294,8 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
 // an invalid one, which makes every child be asked, where a subclass translates in its own way.
 QList<QRect> Layout::paintedRects(const QPainter *painter, const QRect &rect) const
 {
+    if (!isClipping())
+        return {QRect()};
     for (const Figure *figure = m_figure; figure; figure = figure->getParentFigure()) {
         if (!isOwnClass(figure))
             return {QRect()};
@@ -331,6 +334,7 @@ bool Layout::layout(Figure *container)
         if (!alive)
             return false;
         m_laidOut = laidOut;
+        PaintReach::collect(*this);
     }
     const bool laidOut = m_laidOut;
     tellAll(this, m_listeners, [&](ILayoutListener *listener) {

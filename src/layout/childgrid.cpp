@@ -1,6 +1,7 @@
 #include "childgrid_p.h"
 
 #include "childtable_p.h"
+#include "figure/paintreach_p.h"
 #include "shape/pathsource_p.h"
 
 #include <figura/connection/Polyline.h>
@@ -57,13 +58,16 @@ QRect ChildGrid::areaOf(const ChildRecord *record)
         figure->getParentFigure() != record->layout->getFigure() || isHitByChildren(figure))
         return {};
 
-    const QRect painted = figure->getBoundingRect();
+    const QRect bounds = figure->getBoundingRect();
+    if (!bounds.isValid())
+        return {};
+    const QRect painted = PaintReach::paintedArea(*figure, bounds);
     const auto *shape = qobject_cast<const Shape *>(figure);
-    if (!painted.isValid() || !shape)
+    if (!shape)
         return painted;
     const int pen = std::abs(shape->getLineWidth()) / 2 + 1;
-    const QRect hit = PathSource::boundsOf(shape).toAlignedRect();
-    return (painted | hit | figure->getBounds()).adjusted(-pen, -pen, pen, pen);
+    const QRect path = PathSource::outlineOf(shape).bounds.toAlignedRect();
+    return painted | (path | bounds).adjusted(-pen, -pen, pen, pen);
 }
 
 void ChildGrid::update(ChildTable &table)

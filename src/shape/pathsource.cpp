@@ -64,7 +64,20 @@ void PathSource::give(Shape *shape, std::unique_ptr<PathSource> source)
 
 QRectF PathSource::boundsOf(const Shape *shape)
 {
-    return shape->m_source ? shape->m_source->bounds() : shape->m_path.boundingRect();
+    return shape->m_source ? shape->m_source->outline().bounds : shape->m_path.boundingRect();
+}
+
+PathSource::Outline PathSource::outlineOf(const Shape *shape)
+{
+    return shape->m_source ? shape->m_source->outline() : outlineOf(shape->m_path);
+}
+
+PathSource::Outline PathSource::outlineOf(const QPainterPath &path)
+{
+    if (path.elementCount() == 0)
+        return {true, false, {}};
+    const QPointF first(path.elementAt(0));
+    return {false, path.currentPosition() == first, path.controlPointRect()};
 }
 
 RectangleSource::RectangleSource(const QRectF &rect)
@@ -79,9 +92,9 @@ QPainterPath RectangleSource::build() const
     return path;
 }
 
-QRectF RectangleSource::bounds() const
+PathSource::Outline RectangleSource::outline() const
 {
-    return m_rect.normalized();
+    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
 }
 
 // The outline lies on the pixels that follow the right and the lower edge, as that of a path does.
@@ -118,9 +131,9 @@ QPainterPath EllipseSource::build() const
     return path;
 }
 
-QRectF EllipseSource::bounds() const
+PathSource::Outline EllipseSource::outline() const
 {
-    return m_rect.normalized();
+    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
 }
 
 } // namespace Velmora::Figura

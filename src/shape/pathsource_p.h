@@ -21,16 +21,26 @@ class Shape;
 class PathSource
 {
 public:
+    /// What can be said of a path without it.
+    struct Outline
+    {
+        bool isEmpty; ///< Without a single element.
+        bool isClosed;
+        QRectF bounds; ///< Of its control points.
+    };
+
     virtual ~PathSource() = default;
 
     virtual QPainterPath build() const = 0;
-    virtual QRectF bounds() const = 0; ///< Those of the path, or somewhat more if it is curved.
+    virtual Outline outline() const = 0;
     /// Draws with the painter's pen and brush where that gives exactly the pixels of the path,
     /// moved by \a offset. False otherwise.
     virtual bool draw(QPainter *painter, const QPointF &offset) const;
 
     static void give(Shape *shape, std::unique_ptr<PathSource> source);
-    static QRectF boundsOf(const Shape *shape); ///< Of its path, built or not.
+    static QRectF boundsOf(const Shape *shape);   ///< Of its path, built or not.
+    static Outline outlineOf(const Shape *shape); ///< Of its path, built or not.
+    static Outline outlineOf(const QPainterPath &path);
 };
 
 class RectangleSource : public PathSource
@@ -39,7 +49,7 @@ public:
     explicit RectangleSource(const QRectF &rect);
 
     QPainterPath build() const override;
-    QRectF bounds() const override;
+    Outline outline() const override;
     bool draw(QPainter *painter, const QPointF &offset) const override;
 
 private:
@@ -52,7 +62,7 @@ public:
     explicit EllipseSource(const QRectF &rect);
 
     QPainterPath build() const override;
-    QRectF bounds() const override;
+    Outline outline() const override;
 
 private:
     const QRectF m_rect;
@@ -79,19 +89,17 @@ public:
         return path;
     }
 
-    QRectF bounds() const override
+    Outline outline() const override
     {
-        if (m_points.size() < 2)
-            return {};
-        if (!std::all_of(m_points.begin(), m_points.end(), isDrawable))
-            return build().boundingRect();
+        if (m_points.size() < 2 || !std::all_of(m_points.begin(), m_points.end(), isDrawable))
+            return outlineOf(build());
         QPointF least = m_points.first();
         QPointF most = least;
         for (const QPointF point : m_points) {
             least = {qMin(least.x(), point.x()), qMin(least.y(), point.y())};
             most = {qMax(most.x(), point.x()), qMax(most.y(), point.y())};
         }
-        return {least, most};
+        return {false, QPointF(m_points.first()) == QPointF(m_points.last()), {least, most}};
     }
 
 private:

@@ -1,6 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
 #include "damage_p.h"
+#include "secondturn_p.h"
 
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
@@ -17,7 +18,8 @@ namespace Velmora::Figura {
 FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
     : QWidget(viewer, flags)
     , m_viewer(viewer)
-    , m_damage(std::make_unique<Damage>(this))
+    , m_damage(std::make_unique<WidgetDamage>(this))
+    , m_secondTurn(std::make_unique<SecondTurn>(this))
 {
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_MouseTracking);
@@ -38,7 +40,11 @@ void FreeformWidget::setUpdateManager(UpdateManager *manager)
 {
     if (manager == m_updateManager)
         return;
+    if (m_updateManager && m_updateManager->m_widget == this)
+        m_updateManager->m_widget = nullptr;
     m_updateManager = manager;
+    if (manager)
+        manager->m_widget = this;
     if (m_content)
         m_content->setUpdateManager(manager);
 }

@@ -7,20 +7,20 @@
 
 namespace Velmora::Figura {
 
-Damage::Damage(QWidget *widget)
+WidgetDamage::WidgetDamage(QWidget *widget)
     : m_widget(widget)
 {
 }
 
 // What the parent shows of the widget, which the parent moves about to scroll it.
-QRect Damage::visiblePart() const
+QRect WidgetDamage::visiblePart() const
 {
     const QWidget *parent = m_widget->isWindow() ? nullptr : m_widget->parentWidget();
     return parent ? m_widget->rect() & parent->rect().translated(-m_widget->pos())
                   : m_widget->rect();
 }
 
-void Damage::add(const QRect &pixels)
+void WidgetDamage::add(const QRect &pixels)
 {
     const QRect visible = pixels & visiblePart();
     if (visible.isEmpty())
@@ -31,7 +31,7 @@ void Damage::add(const QRect &pixels)
         m_reportedWhilePainting |= visible;
 }
 
-void Damage::ask(const QRect &pixels)
+void WidgetDamage::ask(const QRect &pixels)
 {
     m_bounds |= pixels;
     if (m_asked < fewRects) {
@@ -43,13 +43,13 @@ void Damage::ask(const QRect &pixels)
     }
 }
 
-bool Damage::willBePainted(const QRect &pixels) const
+bool WidgetDamage::willBePainted(const QRect &pixels) const
 {
     return std::any_of(m_toPaint.begin(), m_toPaint.end(),
                        [&pixels](const QRect &rect) { return rect.contains(pixels); });
 }
 
-void Damage::beginPaint(const QRegion &region)
+void WidgetDamage::beginPaint(const QRegion &region)
 {
     ++m_paintsUnderWay;
     m_toPaint = region;
@@ -58,13 +58,13 @@ void Damage::beginPaint(const QRegion &region)
     m_whole = QRect();
 }
 
-void Damage::beginContent()
+void WidgetDamage::beginContent()
 {
     m_toPaint = QRegion();
 }
 
 // Within a paint event Qt makes a posted event of every request.
-void Damage::endPaint()
+void WidgetDamage::endPaint()
 {
     m_toPaint = QRegion();
     if (--m_paintsUnderWay > 0)

@@ -12,10 +12,10 @@ namespace Velmora::Figura {
 /// Qt keeps a region for each widget, to which every further rectangle is added more slowly, also
 /// when it lies where nobody looks. So what cannot be seen is dropped, which costs nothing: it is
 /// painted when it is scrolled in. After a few rectangles one takes the place of all.
-class Damage
+class WidgetDamage
 {
 public:
-    explicit Damage(QWidget *widget);
+    explicit WidgetDamage(QWidget *widget);
 
     void add(const QRect &pixels); ///< In the widget's coordinates.
 

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QVariant>
 
 #include <memory>
@@ -122,6 +123,7 @@ protected:
 
 private:
     friend class ChildTable;
+    friend class PaintReach; // keeps account of m_unclipped
 
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
     ChildRecord *dismiss(Figure *child);
@@ -138,6 +140,7 @@ private:
     QSize m_minimumSize;
     bool m_laidOut = false;
     std::unique_ptr<ChildTable> m_table; // made for the first child
+    QRect m_unclipped; // what the children may paint, in their coordinates; none while clipped
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;
 };

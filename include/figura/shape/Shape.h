@@ -85,6 +85,7 @@ protected:
 
 private:
     friend class PathSource; // gives the path, and knows where it is
+    friend class PaintReach; // measures the path
 
     struct Colors
     {

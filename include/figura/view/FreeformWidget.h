@@ -14,12 +14,13 @@ class QPrinter;
 
 namespace Velmora::Figura {
 
-class Damage;
 class Figure;
 class FreeformLayeredPane;
 class FreeformViewer;
 class Layer;
+class SecondTurn;
 class UpdateManager;
+class WidgetDamage;
 
 /// The inner widget of a FreeformViewer: shows a figure tree, validates it before every paint, and
 /// maps between widget pixels and logical (content) coordinates.
@@ -112,6 +113,7 @@ protected:
 
 private:
     friend class FreeformViewer;
+    friend class UpdateManager; // hands over what a pass has dropped
 
     void setTransformation(double originX, double originY, double scale);
     double clampedScale(double scale) const;
@@ -151,7 +153,8 @@ private:
     QRect m_savedBounds;
     QTransform m_toWidget;
     QTransform m_toLogical;
-    const std::unique_ptr<Damage> m_damage;
+    const std::unique_ptr<WidgetDamage> m_damage;
+    const std::unique_ptr<SecondTurn> m_secondTurn;
 };
 
 } // namespace Velmora::Figura
