@@ -35,6 +35,8 @@ done
 export QT_QPA_PLATFORM=offscreen
 compare=$root/build/bench/benchmarks/compare/compare
 
+"$root/scripts/install-dependencies.sh" --bench || exit 1
+
 step "building"
 cd "$root"
 cmake --preset bench >/dev/null

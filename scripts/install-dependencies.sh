@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need.
+# missing; with --tests also what only the tests need, with --bench what only the benchmarks need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -12,6 +12,10 @@ packages=(
 )
 if [ "${1:-}" = --tests ]; then
     packages+=(clang-format graphviz-doc poppler-utils)
+fi
+
+if [ "${1:-}" = --bench ]; then
+    packages+=(valgrind)
 fi
 
 is_installed()
