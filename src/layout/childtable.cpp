@@ -6,6 +6,14 @@
 #include <utility>
 
 namespace Velmora::Figura {
+namespace {
+
+bool liesBelow(const ChildRecord *a, const ChildRecord *b)
+{
+    return a->slot < b->slot;
+}
+
+} // namespace
 
 ChildRecord::ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelper &constraints)
     : helper(constraints)
@@ -285,12 +293,31 @@ bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &f
             return false;
     }
     number();
-    const auto before = [](const ChildRecord *a, const ChildRecord *b) {
-        return a->slot < b->slot;
-    };
-    std::sort(found.begin(), found.end(), before);
+    std::sort(found.begin(), found.end(), liesBelow);
     found.erase(std::unique(found.begin(), found.end()), found.end());
+#ifndef NDEBUG
+    static unsigned int searches = 0;
+    if (++searches % 1000 == 0)
+        checkFound(rects, found);
+#endif
     return true;
+}
+
+// A change that nobody noted would show only in pixels and clicks.
+void ChildTable::checkFound(const QList<QRect> &rects,
+                            const std::vector<ChildRecord *> &found) const
+{
+    for (ChildRecord *record : m_records) {
+        if (!record)
+            continue;
+        const QRect area = ChildGrid::areaOf(record);
+        const bool isConcerned =
+            !area.isValid() || std::any_of(rects.begin(), rects.end(), [&area](const QRect &rect) {
+                return area.intersects(rect);
+            });
+        if (isConcerned && !std::binary_search(found.begin(), found.end(), record, liesBelow))
+            qFatal("ChildGrid does not know where a child is");
+    }
 }
 
 AreaWalk::AreaWalk(Layout *layout, const QList<QRect> &rects, Direction direction)

@@ -113,6 +113,7 @@ private:
     void append(ChildRecord *record, int kind);
     void drop(ChildRecord *record, int kind);
     void classify(ChildRecord *record);
+    void checkFound(const QList<QRect> &rects, const std::vector<ChildRecord *> &found) const;
     void closeGaps();
     void noteEmptied(int slot);
     void number();
