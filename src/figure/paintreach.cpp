@@ -55,18 +55,19 @@ int reachOf(const Border *border)
     return std::max({1, -inmost, isThin ? 1 : utmost});
 }
 
-// The square caps of an open path stick out with their corners.
-double halfLine(const PathSource::Outline &outline, int lineWidth)
+// The square caps of open paths and of dashes stick out with their corners.
+double halfLine(const Shape &shape, const PathSource::Outline &outline)
 {
-    const double half = std::max(lineWidth, 1) / 2.0;
-    return outline.isClosed ? half : half * std::numbers::sqrt2;
+    const double half = std::max(shape.getLineWidth(), 1) / 2.0;
+    const bool hasCaps = !outline.isClosed || shape.getLineStyle() != Qt::SolidLine;
+    return hasCaps ? half * std::numbers::sqrt2 : half;
 }
 
-int reachOfLine(const PathSource::Outline &outline, int lineWidth, const QRect &bounds)
+int reachOfLine(const Shape &shape, const PathSource::Outline &outline, const QRect &bounds)
 {
     if (outline.isEmpty)
         return 1;
-    const double half = halfLine(outline, lineWidth);
+    const double half = halfLine(shape, outline);
     const QRectF line = outline.bounds.adjusted(-half, -half, half, half);
     // At least one, because even a line inside comes to lie on the edge when it is smoothed.
     return std::max(1, static_cast<int>(std::floor(excess(line, bounds))) + 1);
@@ -142,7 +143,7 @@ int PaintReach::measure(Figure &figure, const QRect &boundingRect)
 int PaintReach::measureLook(const Figure &figure, const QRect &boundingRect)
 {
     if (const auto *shape = qobject_cast<const Shape *>(&figure))
-        return reachOfLine(PathSource::outlineOf(shape), shape->getLineWidth(), boundingRect);
+        return reachOfLine(*shape, PathSource::outlineOf(shape), boundingRect);
     if (const auto *text = qobject_cast<const TextFigure *>(&figure))
         return text->m_inkReach;
     return 0;
