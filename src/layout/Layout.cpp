@@ -381,6 +381,8 @@ Figure *Layout::getFigure() const
 void Layout::setFigure(Figure *figure)
 {
     m_figure = figure;
+    if (m_table)
+        m_table->noteAll(Pending::Area); // the grid relies on whose children they are
 }
 
 Qt::Alignment Layout::getAligment() const
