@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need, with --bench what only the benchmarks need.
+# missing; with --tests also what only the tests need, with --fuzz what the fuzzer needs, with --bench
+# what the benchmarks need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -10,13 +11,11 @@ packages=(
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
-if [ "${1:-}" = --tests ]; then
-    packages+=(clang-format graphviz-doc poppler-utils)
-fi
-
-if [ "${1:-}" = --bench ]; then
-    packages+=(valgrind)
-fi
+case "${1:-}" in
+--tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
+--fuzz) packages+=(clang libclang-rt-dev) ;;
+--bench) packages+=(valgrind) ;;
+esac
 
 is_installed()
 {
