@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests, --coverage and --fuzz also what only these need.
+# missing; with --tests, --coverage, --fuzz and --bench also what only these need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -15,6 +15,7 @@ for purpose in "$@"; do
     --tests) packages+=(clang-format graphviz-doc imagemagick poppler-utils xauth xdotool xvfb) ;;
     --coverage) packages+=(gcovr) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
+    --bench) packages+=(valgrind) ;;
     *) die "unknown argument $purpose" ;;
     esac
 done

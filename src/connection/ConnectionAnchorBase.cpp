@@ -1,11 +1,14 @@
 #include <figura/connection/ConnectionAnchorBase.h>
 
 #include "figure/listenerconnections_p.h"
+#include "figure/signals_p.h"
 
 #include <figura/connection/IAnchorListener.h>
 
 namespace Velmora::Figura {
 namespace {
+
+constexpr auto anchorMovedSignature = "anchorMoved(IConnectionAnchor*)";
 
 QObject *asObject(IAnchorListener *listener, const char *operation)
 {
@@ -30,8 +33,7 @@ void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "addAnchorListener"))
         ensure(m_listeners)
-            .add(object, connect(this, SIGNAL(anchorMoved(IConnectionAnchor *)), object,
-                                 SLOT(anchorMoved(IConnectionAnchor *))));
+            .add(object, connectNormalized(this, anchorMovedSignature, object, anchorMovedSignature));
 }
 
 void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)

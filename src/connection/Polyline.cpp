@@ -125,7 +125,7 @@ void Polyline::primTranslate(int /*dx*/, int /*dy*/) {}
 
 void Polyline::regeneratePath(const QRectF & /*rect*/)
 {
-    PolylineAccess::regeneratePath(this);
+    PolylineAccess::regeneratePath<QPoint>(this);
 }
 
 bool Polyline::lineContainsPoint(const QPoint &a, const QPoint &b, const QPoint &p,

@@ -122,7 +122,7 @@ void PolylineF::primTranslate(int /*dx*/, int /*dy*/) {}
 
 void PolylineF::regeneratePath(const QRectF & /*rect*/)
 {
-    PolylineAccess::regeneratePath(this);
+    PolylineAccess::regeneratePath<QPointF>(this);
 }
 
 bool PolylineF::lineContainsPoint(const QPointF &a, const QPointF &b, const QPointF &p,

@@ -3,6 +3,7 @@
 #include "figure/announcedobject_p.h"
 #include "figure/childwalk_p.h"
 #include "figure/paintreach_p.h"
+#include "layout/childtable_p.h"
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
@@ -171,6 +172,7 @@ void ConnectionCore::updateBounds(const QRect &lineBounds)
         });
     }
     m_bounds = bounds;
+    ChildTable::note(m_figure, Pending::Area);
     if (bounds.isNull())
         return;
     const QPointer<Figure> figure(m_figure); // a slot may destroy the connection

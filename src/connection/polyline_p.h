@@ -1,6 +1,8 @@
 #pragma once
 
 #include "figure/childwalk_p.h"
+#include "layout/childtable_p.h"
+#include "shape/pathsource_p.h"
 
 #include <figura/figure/Figure.h>
 
@@ -106,7 +108,7 @@ public:
     template<class Line>
     static QRect pathBounds(const Line *line)
     {
-        return line->getPainterPath().boundingRect().toRect();
+        return PathSource::boundsOf(line).toRect();
     }
 
     /// The cheap test of the box comes first. The line width widens only this box, not the stroke.
@@ -135,17 +137,10 @@ public:
     }
 
     /// Asks for the points by the virtual operation, so that a subclass may supply others.
-    template<class Line>
+    template<class Point, class Line>
     static void regeneratePath(Line *line)
     {
-        const auto points = line->getLinePoints();
-        QPainterPath path;
-        if (points.size() >= 2) {
-            path.moveTo(points.first());
-            for (qsizetype i = 1; i < points.size(); ++i)
-                path.lineTo(points.at(i));
-        }
-        line->painterPath() = path;
+        PathSource::give(line, std::make_unique<PointsSource<Point>>(line->getLinePoints()));
     }
 
     /// Whether \a p is within \a tolerance of the segment. `Rect` is the rectangle of `Point`s.
@@ -184,6 +179,7 @@ private:
     static bool announce(Line *line)
     {
         const QPointer<Line> alive(line);
+        ChildTable::note(line, Pending::Area);
         Q_EMIT line->pathChanged(QRectF());
         return !alive.isNull();
     }

@@ -1,8 +1,12 @@
 #include <figura/figure/AncestorHelper.h>
 
+#include "ancestorhub_p.h"
+
 #include <figura/figure/Figure.h>
 
 #include <QVariant>
+
+#include <utility>
 
 namespace Velmora::Figura {
 
@@ -16,6 +20,13 @@ AncestorHelper::AncestorHelper(Figure *figure, QObject *parent)
     connect(this, &AncestorHelper::ancestorAdded, figure, &Figure::ancestorAdded);
     connect(this, &AncestorHelper::ancestorMoved, figure, &Figure::ancestorMoved);
     connect(this, &AncestorHelper::ancestorRemoved, figure, &Figure::ancestorRemoved);
+}
+
+AncestorHelper::AncestorHelper(Figure *figure, Relay relay)
+    : m_relay(relay)
+    , m_figure(figure)
+{
+    AncestorHelper::addAncestors(figure);
 }
 
 AncestorHelper::~AncestorHelper()
@@ -42,20 +53,34 @@ void AncestorHelper::removeAncestors(Figure *figure)
         unhook(hook);
 }
 
+// Only few watch a figure itself, while all that is in a layer shares what is above.
 void AncestorHelper::hook(Figure *figure)
 {
-    m_chain.append(
-        {figure, connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved),
-         connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed)});
-    figure->addPropertyChangeListener(this);
+    Hook hook{figure, nullptr, {}};
+    if (figure == m_figure && m_chain.isEmpty()) {
+        hookDirectly(figure);
+    } else {
+        hook.hub = figure->ancestorHub();
+        hook.place = hook.hub->add(this);
+    }
+    m_chain.append(hook);
+}
+
+void AncestorHelper::hookDirectly(Figure *figure)
+{
+    m_direct[0] = connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved);
+    m_direct[1] = connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed);
+    m_direct[2] = connect(figure, &Figure::propertyChanged, this, &AncestorHelper::propertyChanged);
 }
 
 void AncestorHelper::unhook(const Hook &hook)
 {
-    disconnect(hook.moved);
-    disconnect(hook.destroyed);
-    if (hook.figure)
-        hook.figure->removePropertyChangeListener(this);
+    if (hook.hub) {
+        hook.hub->remove(hook.place);
+        return;
+    }
+    for (QMetaObject::Connection &connection : m_direct)
+        disconnect(std::exchange(connection, {}));
 }
 
 int AncestorHelper::firstHook(Figure *figure) const
@@ -76,10 +101,19 @@ void AncestorHelper::cleanup()
     removeAncestors(figure);
 }
 
+void AncestorHelper::tell(void (AncestorHelper::*own)(Figure *), void (Figure::*relayed)(Figure *),
+                          Figure *ancestor)
+{
+    if (m_relay == Relay::BySignal)
+        Q_EMIT(this->*own)(ancestor);
+    else if (m_figure)
+        Q_EMIT(m_figure->*relayed)(ancestor);
+}
+
 void AncestorHelper::figureMoved(Figure *pFigure)
 {
     if (pFigure)
-        Q_EMIT ancestorMoved(pFigure);
+        tell(&AncestorHelper::ancestorMoved, &Figure::ancestorMoved, pFigure);
 }
 
 void AncestorHelper::ancestorDestroyed(QObject *pObj)
@@ -100,11 +134,11 @@ void AncestorHelper::propertyChanged(const QString &propertyName, const QVariant
     const QPointer<Figure> newParent(qobject_cast<Figure *>(newValue.value<QObject *>()));
     if (auto *oldParent = qobject_cast<Figure *>(oldValue.value<QObject *>())) {
         removeAncestors(oldParent);
-        Q_EMIT ancestorRemoved(oldParent);
+        tell(&AncestorHelper::ancestorRemoved, &Figure::ancestorRemoved, oldParent);
     }
     if (alive && newParent) {
         addAncestors(newParent);
-        Q_EMIT ancestorAdded(newParent);
+        tell(&AncestorHelper::ancestorAdded, &Figure::ancestorAdded, newParent);
     }
 }
 

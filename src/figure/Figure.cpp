@@ -1,6 +1,8 @@
 #include <figura/figure/Figure.h>
 
+#include "ancestorhub_p.h"
 #include "childwalk_p.h"
+#include "layout/childtable_p.h"
 #include "listenerconnections_p.h"
 
 #include <figura/figure/AncestorHelper.h>
@@ -24,6 +26,7 @@ Figure::~Figure()
     delete m_ancestorHelper;
     // Nothing else asks for the pixels of a figure that is deleted while it is shown.
     Figure::erase();
+    ChildTable::figureDestroyed(this);
 }
 
 Border *Figure::getBorder() const
@@ -101,10 +104,29 @@ bool Figure::getFlag(int mask) const
 
 void Figure::setFlag(int mask, bool on)
 {
+    const quint32 before = m_flags;
     if (on)
         m_flags |= static_cast<quint32>(mask);
     else
         m_flags &= ~static_cast<quint32>(mask);
+    if (m_records && m_flags != before)
+        noteFlags(m_flags ^ before);
+}
+
+void Figure::noteFlags(quint32 changed) const
+{
+    if (changed & FLAG_VALID & ~m_flags)
+        ChildTable::note(this, Pending::Validation);
+    if (changed & FLAG_VISIBLE) {
+        ChildTable::note(this, Pending::Placement);
+        ChildTable::note(this, Pending::Extent);
+    }
+}
+
+void Figure::noteArea() const
+{
+    ChildTable::note(this, Pending::Placement);
+    ChildTable::note(this, Pending::Area);
 }
 
 int Figure::getHighlightStyle() const

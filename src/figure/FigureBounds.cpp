@@ -194,6 +194,7 @@ void Figure::setBounds(const QRect &rect)
         PaintReach::shiftChildren(*this, shift);
     if (alive && resized) {
         m_bounds.setSize(bounds.size());
+        noteArea();
         invalidate();
     }
     if (alive)
@@ -205,6 +206,7 @@ void Figure::setBounds(const QRect &rect)
 void Figure::primTranslate(int dx, int dy)
 {
     m_bounds.translate(dx, dy);
+    noteArea();
     walkChildren(this, [dx, dy](Figure *child) { child->translate(dx, dy); });
 }
 

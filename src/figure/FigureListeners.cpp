@@ -3,13 +3,22 @@
 
 #include <figura/figure/Figure.h>
 
+#include "ancestorhub_p.h"
 #include "listenerconnections_p.h"
+#include "signals_p.h"
 
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/IAncestorListener.h>
 #include <figura/figure/IPropertyChangeListener.h>
 
 namespace Velmora::Figura {
+
+AncestorHub *Figure::ancestorHub()
+{
+    if (!m_ancestorHub)
+        m_ancestorHub = new AncestorHub(this);
+    return m_ancestorHub;
+}
 
 void Figure::addAncestorListener(IAncestorListener *listener)
 {
@@ -18,14 +27,11 @@ void Figure::addAncestorListener(IAncestorListener *listener)
         return;
 
     if (!m_ancestorHelper)
-        m_ancestorHelper = new AncestorHelper(this, nullptr);
+        m_ancestorHelper = new AncestorHelper(this, AncestorHelper::Relay::ByCall);
     ListenerConnections &made = ensure(m_ancestorConnections);
-    made.add(object,
-             connect(this, SIGNAL(ancestorAdded(Figure *)), object, SLOT(ancestorAdded(Figure *))));
-    made.add(object,
-             connect(this, SIGNAL(ancestorMoved(Figure *)), object, SLOT(ancestorMoved(Figure *))));
-    made.add(object, connect(this, SIGNAL(ancestorRemoved(Figure *)), object,
-                             SLOT(ancestorRemoved(Figure *))));
+    for (const char *signature :
+         {"ancestorAdded(Figure*)", "ancestorMoved(Figure*)", "ancestorRemoved(Figure*)"})
+        made.add(object, connectNormalized(this, signature, object, signature));
     ++m_ancestorListenerCount;
 }
 
@@ -47,9 +53,8 @@ void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
     if (!object)
         return;
 
-    const QMetaObject::Connection made =
-        connect(this, SIGNAL(propertyChanged(const QString &, const QVariant &, const QVariant &)),
-                object, SLOT(propertyChanged(const QString &, const QVariant &, const QVariant &)));
+    constexpr auto signature = "propertyChanged(QString,QVariant,QVariant)";
+    const QMetaObject::Connection made = connectNormalized(this, signature, object, signature);
     ensure(m_propertyConnections).add(object, made);
 }
 

@@ -2,9 +2,11 @@
 
 #include <figura/figure/Figure.h>
 
-#include "childwalk_p.h"
+#include "layout/childagenda_p.h"
+#include "ownclass_p.h"
 #include "paintreach_p.h"
 #include "revalidation_p.h"
+#include "workcounters_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -78,14 +80,18 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 // Background, shape and border; the children come on top of all three.
 void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
 {
+    ++workCounters().painted;
     const QPointer<Figure> alive(this);
-    painter->save();
+    const bool isRestored = !m_border && restoresPainter(this);
+    if (!isRestored)
+        painter->save();
     drawBackground(painter, option);
     if (alive)
         drawFigure(painter, option);
     if (alive)
         drawBorder(painter, option, getBorder());
-    painter->restore();
+    if (!isRestored)
+        painter->restore();
 }
 
 void Figure::drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const
@@ -183,11 +189,22 @@ void Figure::validate()
     m_isValidating = true;
     layout();
     if (alive)
-        walkChildren(this, [](Figure *child) { child->validate(); });
+        validateChildren();
     if (!alive)
         return;
     m_isValidating = false;
     setValid(true);
+}
+
+// To validate what is valid does nothing, unless a class of the application says otherwise.
+void Figure::validateChildren()
+{
+    const auto validateChild = [](Figure *child) { child->validate(); };
+    Layout *layout = getLayoutManager();
+    if (isOwnClass(this) && isOwnClass(layout))
+        walkPending(this, layout, Pending::Validation, validateChild);
+    else
+        walkChildren(this, validateChild);
 }
 
 void Figure::layout()

@@ -67,6 +67,7 @@ Layout *Figure::setLayoutManager(Layout *layout)
         previous->setFigure(nullptr);
     m_layout = layout;
     layout->setFigure(this);
+    noteArea();
     return previous;
 }
 
@@ -81,6 +82,7 @@ void Figure::setParentFigure(Figure *parent)
     const AnnouncedObject<Figure> after(parent);
     m_parentFigure = parent;
     setFlag(FLAG_HAD_PARENT, parent != nullptr);
+    noteArea();
     Q_EMIT propertyChanged(PROPERTY_PARENT, before.value(), after.value());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "layout/layoutchildren_p.h"
+#include "figure/workcounters_p.h"
+#include "layout/childtable_p.h"
 
 #include <figura/figure/Figure.h>
 #include <figura/layout/Layout.h>
@@ -76,8 +77,10 @@ void walkChildren(Owner *owner, Visit visit)
 {
     const ChildWalk<Owner> walk(owner);
     for (Figure *child : walk.children()) {
-        if (walk.isPresent(child))
+        if (walk.isPresent(child)) {
+            ++workCounters().visited;
             visit(child);
+        }
     }
 }
 

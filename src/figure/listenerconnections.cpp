@@ -4,16 +4,26 @@ namespace Velmora::Figura {
 
 void ListenerConnections::add(QObject *listener, const QMetaObject::Connection &connection)
 {
-    if (m_connections.size() >= m_nextSweep)
-        sweep();
-    m_connections.insert(listener, connection);
+    sweep();
+    if (m_many)
+        m_many->insert(listener, connection);
+    else
+        m_few.push_back({listener, connection});
 }
 
 void ListenerConnections::removeAll(QObject *listener)
 {
-    const QList<QMetaObject::Connection> connections = m_connections.values(listener);
-    m_connections.remove(listener);
-    for (const QMetaObject::Connection &connection : connections)
+    QList<QMetaObject::Connection> connections;
+    if (m_many) {
+        connections = m_many->values(listener);
+        m_many->remove(listener);
+    }
+    std::erase_if(m_few, [listener, &connections](const Entry &entry) {
+        if (entry.listener == listener)
+            connections.prepend(entry.connection);
+        return entry.listener == listener;
+    });
+    for (const QMetaObject::Connection &connection : std::as_const(connections))
         QObject::disconnect(connection);
 }
 
@@ -21,8 +31,23 @@ void ListenerConnections::removeAll(QObject *listener)
 // cost of an addition constant on average.
 void ListenerConnections::sweep()
 {
-    m_connections.removeIf([](const auto &entry) { return !entry.value(); });
-    m_nextSweep = qMax(firstSweep, m_connections.size() * 2);
+    if (!m_many && m_few.size() >= fewEntries) {
+        std::erase_if(m_few, [](const Entry &entry) { return !entry.connection; });
+        if (m_few.size() >= fewEntries)
+            spread();
+    }
+    if (m_many && m_many->size() >= m_nextSweep) {
+        m_many->removeIf([](const auto &entry) { return !entry.value(); });
+        m_nextSweep = qMax(firstSweep, m_many->size() * 2);
+    }
+}
+
+void ListenerConnections::spread()
+{
+    m_many = std::make_unique<Hash>();
+    for (const Entry &entry : m_few)
+        m_many->insert(entry.listener, entry.connection);
+    m_few.clear();
 }
 
 } // namespace Velmora::Figura

@@ -4,13 +4,15 @@
 #include <QObject>
 
 #include <memory>
+#include <vector>
 
 namespace Velmora::Figura {
 
 /// The connections of a figure or an anchor to its listeners, to be undone by handle.
 ///
 /// Undoing a connection by its signature searches all connections of the sender, which makes taking
-/// down a diagram quadratic where thousands listen to one layer or to one anchor.
+/// down a diagram quadratic where thousands listen to one layer or to one anchor. Most have a few
+/// listeners only, which take far less room in a plain list than in a hash.
 class ListenerConnections
 {
 public:
@@ -18,11 +20,21 @@ public:
     void removeAll(QObject *listener); ///< Disconnects \a listener, however often it was added.
 
 private:
+    struct Entry
+    {
+        QObject *listener;
+        QMetaObject::Connection connection;
+    };
+    using Hash = QMultiHash<QObject *, QMetaObject::Connection>;
+
     void sweep();
+    void spread();
 
-    static constexpr qsizetype firstSweep = 16;
+    static constexpr std::size_t fewEntries = 24;
+    static constexpr qsizetype firstSweep = 64;
 
-    QMultiHash<QObject *, QMetaObject::Connection> m_connections;
+    std::vector<Entry> m_few;
+    std::unique_ptr<Hash> m_many;
     qsizetype m_nextSweep = firstSweep;
 };
 

@@ -1,6 +1,7 @@
 #include "paintreach_p.h"
 
-#include "layout/layoutchildren_p.h"
+#include "layout/childtable_p.h"
+#include "shape/pathsource_p.h"
 
 #include <figura/figure/SimpleBorder.h>
 #include <figura/layout/Layout.h>
@@ -55,20 +56,19 @@ int reachOf(const Border *border)
 }
 
 // The square caps of open paths and of dashes stick out with their corners.
-double halfLine(const Shape &shape, const QPainterPath &path)
+double halfLine(const Shape &shape, const PathSource::Outline &outline)
 {
     const double half = std::max(shape.getLineWidth(), 1) / 2.0;
-    const bool isClosed = path.currentPosition() == QPointF(path.elementAt(0));
-    const bool hasCaps = !isClosed || shape.getLineStyle() != Qt::SolidLine;
+    const bool hasCaps = !outline.isClosed || shape.getLineStyle() != Qt::SolidLine;
     return hasCaps ? half * std::numbers::sqrt2 : half;
 }
 
-int reachOfLine(const Shape &shape, const QPainterPath &path, const QRect &bounds)
+int reachOfLine(const Shape &shape, const PathSource::Outline &outline, const QRect &bounds)
 {
-    if (path.elementCount() == 0)
+    if (outline.isEmpty)
         return 1;
-    const double half = halfLine(shape, path);
-    const QRectF line = path.controlPointRect().adjusted(-half, -half, half, half);
+    const double half = halfLine(shape, outline);
+    const QRectF line = outline.bounds.adjusted(-half, -half, half, half);
     // At least one, because even a line inside comes to lie on the edge when it is smoothed.
     return std::max(1, static_cast<int>(std::floor(excess(line, bounds))) + 1);
 }
@@ -108,9 +108,22 @@ int PaintReach::refresh(Figure &figure, const QRect &boundingRect)
     if (!boundingRect.isValid())
         return 0;
     const int reach = measure(figure, boundingRect);
-    figure.m_reach = std::max(figure.m_reach, reach);
+    raise(figure, reach);
     noteInParents(figure, grown(boundingRect, figure.m_reach));
     return reach;
+}
+
+void PaintReach::raise(Figure &figure, int reach)
+{
+    if (reach <= figure.m_reach)
+        return;
+    figure.m_reach = reach;
+    ChildTable::note(&figure, Pending::Area);
+}
+
+QRect PaintReach::paintedArea(const Figure &figure, const QRect &boundingRect)
+{
+    return grown(boundingRect, figure.m_reach + 1);
 }
 
 void PaintReach::settle(Figure &figure, const QRect &damage, int reach)
@@ -130,7 +143,7 @@ int PaintReach::measure(Figure &figure, const QRect &boundingRect)
 int PaintReach::measureLook(const Figure &figure, const QRect &boundingRect)
 {
     if (const auto *shape = qobject_cast<const Shape *>(&figure))
-        return reachOfLine(*shape, shape->getPainterPath(), boundingRect);
+        return reachOfLine(*shape, PathSource::outlineOf(shape), boundingRect);
     if (const auto *text = qobject_cast<const TextFigure *>(&figure))
         return text->m_inkReach;
     return 0;
@@ -158,7 +171,7 @@ void PaintReach::noteInParents(Figure &figure, const QRect &painted)
     parent->translateToParent(inParent);
     const QRect bounds = parent->getBoundingRect();
     if (bounds.isValid())
-        parent->m_reach = std::max(parent->m_reach, excess(inParent, bounds));
+        raise(*parent, excess(inParent, bounds));
     noteInParents(*parent, inParent);
 }
 
@@ -175,7 +188,7 @@ void PaintReach::collect(Layout &layout)
     layout.m_unclipped = QRect();
     if (layout.isClipping())
         return;
-    for (Figure *child : LayoutChildren::of(&layout).figures()) {
+    for (Figure *child : ChildTable::of(&layout).figures()) {
         const QRect rect = child->getBoundingRect();
         if (rect.isValid())
             layout.m_unclipped |= grown(rect, child->m_reach);

@@ -50,6 +50,8 @@ public:
     /// Whether a figure or its subtree reaches into the damage; both in absolute coordinates.
     static bool meets(const Figure &figure, const QRect &boundingRect, const QRect &damage,
                       const QPainter *painter);
+    /// All that meets() may say yes for, whatever the painter is.
+    static QRect paintedArea(const Figure &figure, const QRect &boundingRect);
     /// The damage to paint the children for, inside \a content; empty if there is none.
     static QRect childDamage(Figure &figure, const QRect &content, const QRect &damage);
 
@@ -58,6 +60,7 @@ public:
     static int pixelsAround(double scale, double devicePixelRatio);
 
 private:
+    static void raise(Figure &figure, int reach);
     static int measure(Figure &figure, const QRect &boundingRect);
     static int measureLook(const Figure &figure, const QRect &boundingRect);
     static int measureChildren(Figure &figure, const QRect &boundingRect);

@@ -1,13 +1,25 @@
 #include <figura/layout/FreeformLayout.h>
 
-#include "figure/childwalk_p.h"
+#include "extenttree_p.h"
+#include "figure/ownclass_p.h"
+#include "figure/signals_p.h"
 
 #include <figura/figure/Border.h>
 
 namespace Velmora::Figura {
+namespace {
+
+int examineExtentSlot()
+{
+    static const int slot = FreeformLayout::staticMetaObject.indexOfSlot("examineExtent()");
+    return slot;
+}
+
+} // namespace
 
 FreeformLayout::FreeformLayout(QObject *parent, bool contentMonitored)
     : XYLayout(parent)
+    , m_tree(std::make_unique<ExtentTree>())
     , m_contentMonitored(contentMonitored)
 {
 }
@@ -27,7 +39,7 @@ bool FreeformLayout::add(Figure *child, unsigned int vStretch, unsigned int hStr
 bool FreeformLayout::watch(Figure *child)
 {
     if (m_contentMonitored)
-        connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        connectMoves(child, this, examineExtentSlot());
     return true;
 }
 
@@ -40,7 +52,7 @@ bool FreeformLayout::remove(Figure *child)
     if (!alive)
         return true;
     if (removed)
-        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(examineExtent()));
+        disconnectMoves(child, this, examineExtentSlot());
     examineExtent();
     return true;
 }
@@ -73,20 +85,45 @@ void FreeformLayout::setContentMonitored(bool monitored)
 
 QRect FreeformLayout::calculateFreeformExtent()
 {
-    QRect extent;
     const QPointer<Figure> container(getFigure());
     if (!container)
-        return extent;
+        return {};
 
-    walkChildren(this, [this, &extent](Figure *child) {
-        const QVariant constraint = getConstraint(child);
-        const int type = constraint.typeId();
-        if (child->isVisible() && (type == QMetaType::QRect || type == QMetaType::QRectF))
-            extent |= child->resolveBounds(constraint.toRect());
-    });
+    QRect extent = uniteChildren();
     if (const Border *border = container ? container->getBorder() : nullptr)
         border->getInsets().stripFrom(extent);
     return extent;
+}
+
+// The tree knows what a child of a known class contributes. All others are asked each time.
+QRect FreeformLayout::uniteChildren()
+{
+    ChildTable &table = ChildTable::of(this);
+    if (!isOwnClass(this) || !m_tree->update(table)) {
+        QRect extent;
+        walkChildren(this, [this, &extent](Figure *child) { extent |= contribution(child); });
+        return extent;
+    }
+
+    QRect extent = m_tree->total();
+    QList<Figure *> foreign;
+    for (const ChildRecord *record : table.foreign())
+        foreign.append(record->figure);
+    const QPointer<FreeformLayout> alive(this);
+    for (Figure *child : std::as_const(foreign)) {
+        if (alive && table.find(child))
+            extent |= contribution(child);
+    }
+    return extent;
+}
+
+QRect FreeformLayout::contribution(Figure *child)
+{
+    const QVariant constraint = getConstraint(child);
+    const int type = constraint.typeId();
+    if (!child->isVisible() || (type != QMetaType::QRect && type != QMetaType::QRectF))
+        return {};
+    return child->resolveBounds(constraint.toRect());
 }
 
 // A destroyed child tells nothing of its rectangle, so the extent that counted it is void.

@@ -1,10 +1,13 @@
 #include <figura/layout/Layout.h>
 
+#include "childtable_p.h"
 #include "constraint_p.h"
+#include "areawalk_p.h"
 #include "figure/childwalk_p.h"
 #include "figure/hadparent_p.h"
+#include "figure/ownclass_p.h"
 #include "figure/paintreach_p.h"
-#include "layoutchildren_p.h"
+#include "figure/paintregion_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -103,7 +106,7 @@ bool Layout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, in
 bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelper &record,
                     int index)
 {
-    if (!m_figure || !child || getHelper(child))
+    if (!m_figure || !child || table().find(child))
         return false;
 
     // Whoever is told on the way may take the child out again, or destroy it, what it is to be
@@ -113,8 +116,8 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
     const quint64 joined = enlist(child, record, index);
     const auto isPresent = [layout = QPointer<Layout>(this), guarded = QPointer<Figure>(child),
                             joined]() {
-        const LayoutHelper *helper = layout && guarded ? layout->getHelper(guarded) : nullptr;
-        return helper && helper->m_joined == joined;
+        const ChildRecord *present = layout && guarded ? layout->table().find(guarded) : nullptr;
+        return present && present->joined == joined;
     };
     child->setParentFigure(m_figure);
     if (isPresent())
@@ -131,16 +134,14 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
 // Returns what tells this arrival from a later one of the same child.
 quint64 Layout::enlist(Figure *child, const LayoutHelper &record, int index)
 {
-    auto helper = std::make_unique<LayoutHelper>(record);
-    helper->m_childWatch =
-        connect(child, &QObject::destroyed, this, [this, child]() { forget(child); });
-    m_children->insert(index, child, std::move(helper));
-    return getHelper(child)->m_joined;
+    if (!m_table)
+        m_table = std::make_unique<ChildTable>();
+    return m_table->insert(this, child, record, index)->joined;
 }
 
 bool Layout::remove(Figure *child)
 {
-    if (!child || !getHelper(child))
+    if (!child || !table().find(child))
         return false;
 
     const QPointer<Layout> alive(this);
@@ -149,7 +150,7 @@ bool Layout::remove(Figure *child)
                  [this](ILayoutListener *listener) { listener->remove(m_figure); }))
         return true;
 
-    const std::unique_ptr<LayoutHelper> record = guarded ? dismiss(child) : nullptr;
+    ChildRecord *record = guarded ? dismiss(child) : nullptr;
     if (!record) // a listener was quicker
         return true;
     if (isNotified(m_figure)) {
@@ -161,29 +162,34 @@ bool Layout::remove(Figure *child)
         child->erase();
     if (guarded)
         child->setParentFigure(nullptr);
-    disconnect(record->m_childWatch);
-    if (alive && guarded)
-        m_children->remove(child, record.get());
+    // A destroyed child has left by itself.
+    if (alive && guarded && record)
+        table().remove(record);
     return true;
 }
 
-// Takes the record of a child away, with what it alone held. The watch over the child goes on until
-// the child has left the list too.
-std::unique_ptr<Layout::LayoutHelper> Layout::dismiss(Figure *child)
+// The child counts as removed from here on, although it stays in the list until all are told.
+ChildRecord *Layout::dismiss(Figure *child)
 {
-    std::unique_ptr<LayoutHelper> record = m_children->takeRecord(child);
-    if (record)
-        release(record->m_object);
+    ChildRecord *record = table().find(child);
+    if (record) {
+        release(record->helper.m_object);
+        table().dismiss(record);
+    }
     return record;
 }
 
-void Layout::forget(Figure *destroyedChild)
+void Layout::forget(ChildRecord *destroyedChild)
 {
-    const std::unique_ptr<LayoutHelper> record = m_children->takeRecord(destroyedChild);
-    m_children->remove(destroyedChild, record.get());
+    table().remove(destroyedChild);
     ++m_destroyedChildren;
     if (isNotified(m_figure))
         m_figure->revalidate();
+}
+
+ChildTable &Layout::table() const
+{
+    return ChildTable::of(this);
 }
 
 unsigned int Layout::destroyedChildCount() const
@@ -193,12 +199,12 @@ unsigned int Layout::destroyedChildCount() const
 
 QList<Figure *> Layout::childFigures()
 {
-    return m_children->figures();
+    return table().figures();
 }
 
 int Layout::childFigureCount() const
 {
-    return m_children->count();
+    return table().count();
 }
 
 QVariant Layout::getConstraint(Figure *child)
@@ -219,12 +225,14 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
         }))
         return true;
 
-    if (LayoutHelper *helper = getHelper(child)) {
-        QObject *replaced = helper->m_object;
-        helper->setConstraint(wanted.getConstraint());
-        if (replaced != helper->m_object)
+    if (ChildRecord *record = table().find(child)) {
+        QObject *replaced = record->helper.m_object;
+        record->helper.setConstraint(wanted.getConstraint());
+        table().note(record, Pending::Placement);
+        table().note(record, Pending::Extent);
+        if (replaced != record->helper.m_object)
             release(replaced);
-        applyConstraint(child, helper->getConstraint());
+        applyConstraint(child, record->helper.getConstraint());
     }
     return true;
 }
@@ -273,21 +281,22 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                    const ITreeSearch &search, bool containedOnly) const
 {
-    const ChildWalk walk(this);
-    for (Figure *child : walk.children()) {
-        if (walk.isPresent(child) && child->isVisible())
+    AreaWalk walk(const_cast<Layout *>(this), {rect}, AreaWalk::UPWARDS);
+    while (Figure *child = walk.next()) {
+        if (child->isVisible())
             child->findFigures(result, rect, search, containedOnly);
     }
 }
 
 Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &search) const
 {
-    const ChildWalk walk(this);
-    const QList<Figure *> &children = walk.children();
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (!walk.isPresent(*child) || !(*child)->isVisible())
+    const int reach = ChildGrid::tolerance();
+    const QRect around(x - reach, y - reach, 2 * reach + 1, 2 * reach + 1);
+    AreaWalk walk(const_cast<Layout *>(this), {around}, AreaWalk::DOWNWARDS);
+    while (Figure *child = walk.next()) {
+        if (!child->isVisible())
             continue;
-        if (Figure *found = (*child)->findFigureAt(x, y, search))
+        if (Figure *found = child->findFigureAt(x, y, search))
             return found;
     }
     return nullptr;
@@ -316,11 +325,31 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
     painter->save();
     if (isClipping())
         painter->setClipRect(option.rect, Qt::IntersectClip);
-    walkChildren(this, [painter, &option](Figure *child) {
+    AreaWalk walk(this, paintedRects(painter, option.rect), AreaWalk::UPWARDS);
+    while (Figure *child = walk.next()) {
         if (child->isVisible())
             child->render(painter, option);
-    });
+    }
     painter->restore();
+}
+
+// The damaged rectangles in the children's coordinates, as far as these follow from absolute ones;
+// an invalid one, which makes every child be asked, where a subclass translates in its own way.
+QList<QRect> Layout::paintedRects(const QPainter *painter, const QRect &rect) const
+{
+    if (!isClipping())
+        return {QRect()};
+    for (const Figure *figure = m_figure; figure; figure = figure->getParentFigure()) {
+        if (!isOwnClass(figure))
+            return {QRect()};
+    }
+    QPoint origin;
+    m_figure->translateToParent(origin);
+    m_figure->translateToAbsolute(origin);
+    QList<QRect> rects = PaintRegion::rectsFor(painter, rect);
+    for (QRect &part : rects)
+        part.translate(-origin);
+    return rects;
 }
 
 bool Layout::layout(Figure *container)
@@ -345,6 +374,7 @@ bool Layout::layout(Figure *container)
         if (!alive || !guarded)
             return false;
         container->translateFromParent(area);
+        ++workCounters().laidOut;
         const bool laidOut = performLayout(area);
         if (!alive)
             return false;
@@ -396,6 +426,8 @@ Figure *Layout::getFigure() const
 void Layout::setFigure(Figure *figure)
 {
     m_figure = figure;
+    if (m_table)
+        m_table->noteAll(Pending::Area); // the grid relies on whose children they are
 }
 
 Qt::Alignment Layout::getAligment() const
@@ -430,7 +462,8 @@ void Layout::setLaidOut(bool laidOut)
 
 Layout::LayoutHelper *Layout::getHelper(Figure *child) const
 {
-    return m_children->record(child);
+    ChildRecord *record = table().find(child);
+    return record ? &record->helper : nullptr;
 }
 
 unsigned int Layout::getHTotalStretch() const
@@ -446,9 +479,8 @@ unsigned int Layout::getVTotalStretch() const
 unsigned int Layout::totalStretch(const unsigned int LayoutHelper::*stretch) const
 {
     unsigned int total = 0;
-    const QList<Figure *> children = m_children->figures();
-    for (const Figure *child : children) {
-        const LayoutHelper *helper = m_children->record(child);
+    for (Figure *child : table().figures()) {
+        const LayoutHelper *helper = getHelper(child);
         if (helper && child->isVisible())
             total += helper->*stretch;
     }

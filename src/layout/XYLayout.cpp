@@ -1,7 +1,9 @@
 #include <figura/layout/XYLayout.h>
 
+#include "childagenda_p.h"
 #include "constraint_p.h"
-#include "figure/childwalk_p.h"
+#include "figure/ownclass_p.h"
+#include "figure/signals_p.h"
 
 #include <figura/layout/ILocator.h>
 
@@ -14,6 +16,19 @@ bool isRectangle(const QVariant &constraint)
 {
     const int type = constraint.typeId();
     return type == QMetaType::QRect || type == QMetaType::QRectF;
+}
+
+// The bounds that a constraint alone decides; invalid when something else has a say.
+QRect asPlaced(const QVariant &constraint)
+{
+    const QRect rect = isRectangle(constraint) ? constraint.toRect() : QRect();
+    return rect.isValid() ? rect : QRect();
+}
+
+int childMovedSlot()
+{
+    static const int slot = XYLayout::staticMetaObject.indexOfSlot("childMoved(Figure*)");
+    return slot;
 }
 
 // The preferred size is asked for only where it is needed: asking an invalid figure has effects.
@@ -46,7 +61,7 @@ bool XYLayout::add(Figure *child, const QVariant &constraint, int index)
 {
     if (!Layout::add(child, constraint, index))
         return false;
-    connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+    connectMoves(child, this, childMovedSlot());
     return true;
 }
 
@@ -54,14 +69,14 @@ bool XYLayout::add(Figure *child, unsigned int vStretch, unsigned int hStretch, 
 {
     if (!Layout::add(child, vStretch, hStretch, index))
         return false;
-    connect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+    connectMoves(child, this, childMovedSlot());
     return true;
 }
 
 bool XYLayout::remove(Figure *child)
 {
     if (child)
-        disconnect(child, SIGNAL(figureMoved(Figure *)), this, SLOT(childMoved(Figure *)));
+        disconnectMoves(child, this, childMovedSlot());
     return Layout::remove(child);
 }
 
@@ -91,11 +106,26 @@ bool XYLayout::applyConstraint(Figure *child, const QVariant &constraint)
 
 bool XYLayout::performLayout(const QRect & /*clientArea*/)
 {
-    walkChildren(this, [this](Figure *child) {
-        if (child->isVisible())
-            applyConstraint(child, getConstraint(child));
-    });
+    // A child that still has the bounds of its constraint is left alone by all but a subclass.
+    if (isOwnClass(this))
+        walkPending(this, this, Pending::Placement, [this](Figure *child) { place(child); });
+    else
+        walkChildren(this, [this](Figure *child) { place(child); });
     return true;
+}
+
+void XYLayout::place(Figure *child)
+{
+    if (!child->isVisible())
+        return;
+    const QVariant constraint = getConstraint(child);
+    const QPointer<XYLayout> alive(this);
+    applyConstraint(child, constraint);
+
+    // A locator, a preferred size or an own idea of the bounds may have another answer next time.
+    ChildRecord *record = alive ? ChildTable::of(this).find(child) : nullptr;
+    if (record && constraint.isValid() && child->getBounds() != asPlaced(constraint))
+        ChildTable::of(this).note(record, Pending::Placement);
 }
 
 QSize XYLayout::calculateMinimumSize()

@@ -1,5 +1,7 @@
 #include <figura/shape/Ellipse.h>
 
+#include "pathsource_p.h"
+
 namespace Velmora::Figura {
 
 Ellipse::Ellipse(QObject *parent)
@@ -11,9 +13,7 @@ Ellipse::~Ellipse() = default;
 
 void Ellipse::regeneratePath(const QRectF &rect)
 {
-    QPainterPath path;
-    path.addEllipse(rect);
-    painterPath() = path;
+    PathSource::give(this, std::make_unique<EllipseSource>(rect));
 }
 
 } // namespace Velmora::Figura

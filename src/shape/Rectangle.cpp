@@ -1,5 +1,7 @@
 #include <figura/shape/Rectangle.h>
 
+#include "pathsource_p.h"
+
 namespace Velmora::Figura {
 
 Rectangle::Rectangle(QObject *parent)
@@ -11,9 +13,7 @@ Rectangle::~Rectangle() = default;
 
 void Rectangle::regeneratePath(const QRectF &rect)
 {
-    QPainterPath path;
-    path.addRect(rect);
-    painterPath() = path;
+    PathSource::give(this, std::make_unique<RectangleSource>(rect));
 }
 
 } // namespace Velmora::Figura

@@ -1,9 +1,13 @@
 #include <figura/shape/Shape.h>
 
+#include "pathsource_p.h"
+
 #include <figura/connection/Polyline.h>
 #include <figura/connection/PolylineF.h>
 
-#include "figure/childwalk_p.h"
+#include "figure/ownclass_p.h"
+#include "figure/signals_p.h"
+#include "layout/childtable_p.h"
 
 #include <QPainter>
 #include <QPalette>
@@ -14,6 +18,9 @@
 
 namespace Velmora::Figura {
 namespace {
+
+constexpr auto pathSignal = "pathChanged(QRectF)";
+constexpr auto pathSlot = "regeneratePath(QRectF)";
 
 // From this resolution on a device counts as a printer, where lines keep their size in units.
 constexpr int PRINTER_DPI = 150;
@@ -53,6 +60,7 @@ void Shape::setLineWidth(int width)
     if (width == m_lineWidth)
         return;
     m_lineWidth = width;
+    ChildTable::note(this, Pending::Area);
     repaint();
 }
 
@@ -185,7 +193,7 @@ void Shape::setBounds(const QRect &rect)
 
 bool Shape::contains(const QPoint &point) const
 {
-    return m_path.contains(QPointF(point));
+    return getPainterPath().contains(QPointF(point));
 }
 
 void Shape::addNotify()
@@ -193,47 +201,64 @@ void Shape::addNotify()
     const QPointer<Shape> alive(this);
     Figure::addNotify();
     if (alive)
-        connect(this, SIGNAL(pathChanged(const QRectF &)), this,
-                SLOT(regeneratePath(const QRectF &)));
+        connectNormalized(this, pathSignal, this, pathSlot);
 }
 
 void Shape::removeNotify()
 {
-    disconnect(this, SIGNAL(pathChanged(const QRectF &)), this,
-               SLOT(regeneratePath(const QRectF &)));
+    disconnectNormalized(this, pathSignal, this, pathSlot);
     Figure::removeNotify();
 }
 
+// Whoever asks for this is going to change the path, which then has no other source.
 QPainterPath &Shape::painterPath()
 {
+    buildPath();
+    m_source.reset();
+    ChildTable::note(this, Pending::Area);
     return m_path;
 }
 
 const QPainterPath &Shape::getPainterPath() const
 {
+    buildPath();
     return m_path;
+}
+
+void Shape::buildPath() const
+{
+    if (m_isBuilt)
+        return;
+    m_path = m_source->build();
+    m_isBuilt = true;
+}
+
+QPointF Shape::absoluteOrigin() const
+{
+    QPointF origin;
+    if (getFlag(FLAG_NOTIFIED))
+        const_cast<Shape *>(this)->translateToAbsolute(origin);
+    return origin;
 }
 
 QPainterPath Shape::absolutePath(const QPainterPath &path) const
 {
-    if (!getFlag(FLAG_NOTIFIED))
-        return path;
-
-    QPointF origin;
-    const_cast<Shape *>(this)->translateToAbsolute(origin);
+    const QPointF origin = absoluteOrigin();
     // Mapping by nothing hands the same shared path back, with all that Qt has cached for it.
     return QTransform::fromTranslate(origin.x(), origin.y()).map(path);
 }
 
 void Shape::clipToPath(QPainter *painter) const
 {
-    if (!isUnbuilt(m_path))
+    if (!isUnbuilt(getPainterPath()))
         painter->setClipPath(absolutePath(m_path), Qt::IntersectClip);
 }
 
 void Shape::drawShape(QPainter *painter, const QStyleOptionViewItem & /*option*/) const
 {
-    if (!isUnbuilt(m_path))
+    if (m_source && m_source->draw(painter, absoluteOrigin()))
+        return;
+    if (!isUnbuilt(getPainterPath()))
         painter->drawPath(absolutePath(m_path));
 }
 
@@ -248,10 +273,20 @@ void Shape::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) co
     painter->setBrush(m_fill ? QBrush(colors.fill, Qt::SolidPattern) : QBrush(Qt::NoBrush));
     painter->setPen(createPen(*painter, colors.pen));
 
+    drawInside(painter, option);
+    painter->restore();
+}
+
+// What is handed to drawShape() is only seen by a class of the application.
+void Shape::drawInside(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (isOwnClass(this)) {
+        drawShape(painter, option);
+        return;
+    }
     QStyleOptionViewItem inner(option);
     inner.rect = option.rect.marginsRemoved(halfLine(m_lineWidth));
     drawShape(painter, inner);
-    painter->restore();
 }
 
 QRectF Shape::pathRect(const QRect &bounds) const

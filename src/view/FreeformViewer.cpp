@@ -1,5 +1,6 @@
 #include <figura/view/FreeformViewer.h>
 
+#include "damage_p.h"
 #include "figure/paintreach_p.h"
 
 #include <figura/figure/Figure.h>
@@ -77,7 +78,7 @@ IViewport *FreeformViewer::getViewport()
 void FreeformViewer::updateContentRect(const QRect &rect)
 {
     if (m_widget)
-        m_widget->update(damagedPixels(rect));
+        m_widget->m_damage->add(damagedPixels(rect));
 }
 
 // At scale 1 whole units are whole pixels. At any other scale the nearest pixels may not hold all

@@ -1,5 +1,6 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "damage_p.h"
 #include "secondturn_p.h"
 
 #include <figura/view/FreeformLayeredPane.h>
@@ -17,6 +18,7 @@ namespace Velmora::Figura {
 FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
     : QWidget(viewer, flags)
     , m_viewer(viewer)
+    , m_damage(std::make_unique<WidgetDamage>(this))
     , m_secondTurn(std::make_unique<SecondTurn>(this))
 {
     setAttribute(Qt::WA_Hover);

@@ -1,6 +1,8 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "damage_p.h"
 #include "figure/paintreach_p.h"
+#include "figure/paintregion_p.h"
 
 #include <figura/geometry/IStyleConstants.h>
 #include <figura/view/FreeformLayeredPane.h>
@@ -28,10 +30,19 @@ void FreeformWidget::paintEvent(QPaintEvent *event)
     if (!isReady())
         return;
     const QPointer<FreeformWidget> self(this);
+    m_damage->beginPaint(event->region());
     m_updateManager->performUpdate();
-    if (!self || !isReady()) // validation runs the application's code
+    if (!self)
         return;
+    m_damage->beginContent();
+    if (isReady()) // validation runs the application's code
+        paintAll(event);
+    if (self)
+        m_damage->endPaint();
+}
 
+void FreeformWidget::paintAll(QPaintEvent *event)
+{
     QPainter painter(this);
     painter.save();
     // Filled only when set: an invalid colour would come out black instead of the palette's Base.
@@ -40,7 +51,7 @@ void FreeformWidget::paintEvent(QPaintEvent *event)
         painter.fillRect(event->rect(), background);
 
     painter.setTransform(m_toWidget);
-    paintContent(&painter, event->rect());
+    paintContent(&painter, event->region());
     paintElasticBand(&painter);
     painter.restore();
     paintHighlight(&painter);
@@ -58,10 +69,14 @@ QRect FreeformWidget::optionRect(const QRect &widgetRect)
     return toLogical(QRectF(widgetRect.adjusted(-more, -more, more, more))).toAlignedRect();
 }
 
-void FreeformWidget::paintContent(QPainter *painter, const QRect &widgetRect)
+void FreeformWidget::paintContent(QPainter *painter, const QRegion &widgetRegion)
 {
     QStyleOptionViewItem option = viewOptions();
-    option.rect = optionRect(widgetRect);
+    option.rect = optionRect(widgetRegion.boundingRect());
+    QList<QRect> damaged;
+    for (const QRect &rect : widgetRegion)
+        damaged.append(optionRect(rect));
+    const PaintRegion region(painter, damaged);
     m_content->render(painter, option);
 }
 

@@ -7,8 +7,11 @@
 #include <QObject>
 #include <QPointer>
 
+#include <list>
+
 namespace Velmora::Figura {
 
+class AncestorHub;
 class Figure;
 
 /// Watches a figure and all of its ancestors, and passes on what happens to them as signals, which
@@ -43,18 +46,30 @@ public Q_SLOTS:
                          const QVariant &newValue) override;
 
 private:
+    friend class Figure;
+
+    /// How what happens reaches the watched figure: by connections that anybody may use, or, for
+    /// the helper that nobody but the figure knows, by a call.
+    enum class Relay { BySignal, ByCall };
+    AncestorHelper(Figure *figure, Relay relay);
+
     struct Hook
     {
         QPointer<Figure> figure;
-        QMetaObject::Connection moved;
-        QMetaObject::Connection destroyed;
+        QPointer<AncestorHub> hub;
+        std::list<AncestorHelper *>::iterator place; // in the hub
     };
 
+    void tell(void (AncestorHelper::*own)(Figure *), void (Figure::*relayed)(Figure *),
+              Figure *ancestor);
     void hook(Figure *figure);
+    void hookDirectly(Figure *figure);
     void unhook(const Hook &hook);
     int firstHook(Figure *figure) const;
 
+    const Relay m_relay = Relay::BySignal;
     QPointer<Figure> m_figure;
+    QMetaObject::Connection m_direct[3]; // to the watched figure itself
     QList<Hook> m_chain; // the watched figure first, then what was above it when it was hooked
 };
 

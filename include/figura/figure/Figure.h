@@ -12,7 +12,10 @@
 namespace Velmora::Figura {
 
 class AncestorHelper;
+class AncestorHub;
+class ChildTable;
 class ListenerConnections;
+struct ChildRecord;
 
 /// The base class of every drawable element: a rectangle in a tree of figures.
 ///
@@ -252,17 +255,24 @@ protected:
     void setChildrenEnabled(bool enabled); ///< Calls setEnabled() on each child.
 
 private:
+    friend class AncestorHelper; // watches through the hubs
+    friend class ChildTable;     // keeps the records of a child
     friend class FreeformWidget; // hands the root figure its update manager
     friend class PaintReach;     // keeps account of m_reach
     friend class UpdateManager;  // asks for m_isValidating
 
     void setUpdateManager(UpdateManager *manager);
+    AncestorHub *ancestorHub();
     QPoint clientOffset();
+    void noteFlags(quint32 changed) const;
+    void noteArea() const;
+    void validateChildren();
     void drawOwn(QPainter *painter, const QStyleOptionViewItem &option);
     void drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
                        const QRect &rect) const;
 
     QPointer<Figure> m_parentFigure;
+    ChildRecord *m_records = nullptr; // one in each layout that has this figure as a child
     QPointer<Layout> m_layout;
     QPointer<Border> m_border;
     QSize m_minimumSize{-1, -1};
@@ -277,6 +287,7 @@ private:
     Qt::Orientations m_expandingDirections;
     QPointer<UpdateManager> m_updateManager; // set on the root only
     QPointer<AncestorHelper> m_ancestorHelper;
+    QPointer<AncestorHub> m_ancestorHub; // while somebody watches below this figure
     int m_ancestorListenerCount = 0;
     std::unique_ptr<ListenerConnections> m_ancestorConnections;
     std::unique_ptr<ListenerConnections> m_propertyConnections;

@@ -5,7 +5,11 @@
 
 #include <QRect>
 
+#include <memory>
+
 namespace Velmora::Figura {
+
+class ExtentTree;
 
 /// An XYLayout that keeps the freeform extent: the union of its children's rectangles, which may
 /// lie anywhere, also at negative coordinates. Children share the container's own coordinates.
@@ -47,9 +51,12 @@ protected:
 private:
     bool watch(Figure *child);
     const QRect &cachedExtent();
+    QRect uniteChildren();
+    QRect contribution(Figure *child);
 
     QRect m_extent;               // invalid: not computed yet
     unsigned int m_extentAge = 0; // destroyedChildCount() when the extent was computed
+    std::unique_ptr<ExtentTree> m_tree;
     bool m_contentMonitored;
 };
 

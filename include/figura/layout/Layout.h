@@ -13,8 +13,9 @@
 
 namespace Velmora::Figura {
 
+class ChildTable;
 class ILayoutListener;
-class LayoutChildren;
+struct ChildRecord;
 
 /// Holds the children of one figure, its container, and places, paints and hit-tests them.
 ///
@@ -42,14 +43,10 @@ public:
 
     private:
         friend class Layout;
-        friend class LayoutChildren;
 
         QVariant m_constraint;
         QPointer<QObject> m_object; // the object in the constraint, while it lives
         bool m_holdsObject = false;
-        QMetaObject::Connection m_childWatch;
-        qint64 m_key = 0;     // tells the place among the children
-        quint64 m_joined = 0; // when the child came in: the same for no other record
     };
 
     explicit Layout(QObject *parent = nullptr);
@@ -125,13 +122,14 @@ protected:
     unsigned int destroyedChildCount() const;
 
 private:
-    friend class LayoutChildren;
+    friend class ChildTable;
     friend class PaintReach; // keeps account of m_unclipped
 
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
-    quint64 enlist(Figure *child, const LayoutHelper &record, int index);
-    std::unique_ptr<LayoutHelper> dismiss(Figure *child);
-    void forget(Figure *destroyedChild);
+    ChildRecord *dismiss(Figure *child);
+    void forget(ChildRecord *destroyedChild);
+    ChildTable &table() const;
+    QList<QRect> paintedRects(const QPainter *painter, const QRect &rect) const;
     unsigned int totalStretch(const unsigned int LayoutHelper::*stretch) const;
 
     QPointer<Figure> m_figure;
@@ -141,7 +139,7 @@ private:
     QSize m_preferredSize;
     QSize m_minimumSize;
     bool m_laidOut = false;
-    std::unique_ptr<LayoutChildren> m_children;
+    std::unique_ptr<ChildTable> m_table; // made for the first child
     QRect m_unclipped; // what the children may paint, in their coordinates; none while clipped
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;

@@ -41,6 +41,9 @@ protected:
     QSize calculateMinimumSize() override;   ///< Holds the children and the origin.
     bool performLayout(const QRect &clientArea) override;
     bool applyConstraint(Figure *child, const QVariant &constraint) override;
+
+private:
+    void place(Figure *child);
 };
 
 } // namespace Velmora::Figura

@@ -5,10 +5,14 @@
 
 #include <QPainterPath>
 
+#include <memory>
+
 class QPalette;
 class QPen;
 
 namespace Velmora::Figura {
+
+class PathSource;
 
 /// The base of every figure that is one outlined and optionally filled path.
 ///
@@ -80,6 +84,7 @@ protected:
     void clipToPath(QPainter *painter) const; ///< Narrows the clip, unless the path is empty.
 
 private:
+    friend class PathSource; // gives the path, and knows where it is
     friend class PaintReach; // measures the path
 
     struct Colors
@@ -94,7 +99,13 @@ private:
     Colors disabledColors(const QPalette &palette) const;
     QPen createPen(const QPainter &painter, const QColor &color) const;
 
-    QPainterPath m_path;
+    void drawInside(QPainter *painter, const QStyleOptionViewItem &option) const;
+    void buildPath() const;
+    QPointF absoluteOrigin() const;
+
+    mutable QPainterPath m_path; // built when it is first needed
+    mutable bool m_isBuilt = true;
+    std::unique_ptr<PathSource> m_source; // null when the path was made by other means
     Qt::PenStyle m_lineStyle = Qt::SolidLine;
     Qt::PenCapStyle m_capStyle = Qt::SquareCap;
     Qt::PenJoinStyle m_joinStyle = Qt::MiterJoin;

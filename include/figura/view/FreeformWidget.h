@@ -20,6 +20,7 @@ class FreeformViewer;
 class Layer;
 class SecondTurn;
 class UpdateManager;
+class WidgetDamage;
 
 /// The inner widget of a FreeformViewer: shows a figure tree, validates it before every paint, and
 /// maps between widget pixels and logical (content) coordinates.
@@ -129,7 +130,8 @@ private:
     QRect printArea(Layer *layer, const QRect &rect) const;
     void printContent(QPainter *painter, Figure *figure, const QRect &rect) const;
     QRect optionRect(const QRect &widgetRect);
-    void paintContent(QPainter *painter, const QRect &widgetRect);
+    void paintAll(QPaintEvent *event);
+    void paintContent(QPainter *painter, const QRegion &widgetRegion);
     void paintElasticBand(QPainter *painter);
     void paintHighlight(QPainter *painter);
     void paintBand(QPainter *painter, const QRect &rect);
@@ -152,6 +154,7 @@ private:
     QRect m_savedBounds;
     QTransform m_toWidget;
     QTransform m_toLogical;
+    const std::unique_ptr<WidgetDamage> m_damage;
     const std::unique_ptr<SecondTurn> m_secondTurn;
 };
 

@@ -1,0 +1,74 @@
+#include "instructions.h"
+
+#include "paintwatch.h"
+#include "workloads.h"
+
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#define HAS_CALLGRIND 1
+#endif
+
+#if HAS_CALLGRIND
+namespace {
+
+constexpr int warmUpSteps = 4;
+constexpr int countedSteps = 10;
+
+template<typename Work>
+void counted(const QString &name, int units, Work work)
+{
+    CALLGRIND_START_INSTRUMENTATION;
+    CALLGRIND_ZERO_STATS;
+    work();
+    CALLGRIND_STOP_INSTRUMENTATION;
+    CALLGRIND_DUMP_STATS_AT(qPrintable(name + u'/' + QString::number(units)));
+}
+
+void runSteps(const Workload &workload, Side &side, PaintWatch &watch, int first, int count)
+{
+    for (int step = first; step < first + count; ++step) {
+        workload.step(side, step);
+        if (workload.paints)
+            watch.awaitPaint();
+    }
+}
+
+void countWorkload(const Workload &workload, Side &side, PaintWatch &watch)
+{
+    workload.prepare(side);
+    side.repaintAll();
+    watch.awaitPaint();
+    runSteps(workload, side, watch, 0, warmUpSteps);
+    counted(workload.name, countedSteps,
+            [&] { runSteps(workload, side, watch, warmUpSteps, countedSteps); });
+    workload.restore(side);
+}
+
+} // namespace
+
+bool countInstructions(int count)
+{
+    if (!RUNNING_ON_VALGRIND)
+        return false;
+
+    const Scene scene(count);
+    const std::unique_ptr<Side> side = makeFiguraSide(scene);
+    std::unique_ptr<PaintWatch> watch;
+    counted(QStringLiteral("build"), count, [&] {
+        side->build(true);
+        watch = std::make_unique<PaintWatch>(side->canvas());
+        watch->awaitPaint();
+    });
+    for (const Workload &workload : makeWorkloads(scene)) {
+        // Grows with what is shown, by its nature.
+        if (workload.name != QStringLiteral("whole scene fitted"))
+            countWorkload(workload, *side, *watch);
+    }
+    return true;
+}
+#else
+bool countInstructions(int /*count*/)
+{
+    return false;
+}
+#endif

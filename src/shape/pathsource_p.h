@@ -1,0 +1,115 @@
+#pragma once
+
+#include <QList>
+#include <QPainterPath>
+#include <QRectF>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+class QPainter;
+
+namespace Velmora::Figura {
+
+class Shape;
+
+/// What a shape's path is made of, from the moment at which the path was due on.
+///
+/// Most paths are never needed: the shape is out of sight, or simple enough to be drawn without
+/// one. The source takes a tenth of the room of the path, which is built when somebody looks at it.
+class PathSource
+{
+public:
+    /// What can be said of a path without it.
+    struct Outline
+    {
+        bool isEmpty; ///< Without a single element.
+        bool isClosed;
+        QRectF bounds; ///< Of its control points.
+    };
+
+    virtual ~PathSource() = default;
+
+    virtual QPainterPath build() const = 0;
+    virtual Outline outline() const = 0;
+    /// Draws with the painter's pen and brush where that gives exactly the pixels of the path,
+    /// moved by \a offset. False otherwise.
+    virtual bool draw(QPainter *painter, const QPointF &offset) const;
+
+    static void give(Shape *shape, std::unique_ptr<PathSource> source);
+    static QRectF boundsOf(const Shape *shape);   ///< Of its path, built or not.
+    static Outline outlineOf(const Shape *shape); ///< Of its path, built or not.
+    static Outline outlineOf(const QPainterPath &path);
+};
+
+class RectangleSource : public PathSource
+{
+public:
+    explicit RectangleSource(const QRectF &rect);
+
+    QPainterPath build() const override;
+    Outline outline() const override;
+    bool draw(QPainter *painter, const QPointF &offset) const override;
+
+private:
+    const QRectF m_rect;
+};
+
+class EllipseSource : public PathSource
+{
+public:
+    explicit EllipseSource(const QRectF &rect);
+
+    QPainterPath build() const override;
+    Outline outline() const override;
+
+private:
+    const QRectF m_rect;
+};
+
+/// An open line through points.
+template<class Point>
+class PointsSource : public PathSource
+{
+public:
+    explicit PointsSource(const QList<Point> &points)
+        : m_points(points)
+    {
+    }
+
+    QPainterPath build() const override
+    {
+        QPainterPath path;
+        if (m_points.size() < 2)
+            return path;
+        path.moveTo(m_points.first());
+        for (qsizetype i = 1; i < m_points.size(); ++i)
+            path.lineTo(m_points.at(i));
+        return path;
+    }
+
+    Outline outline() const override
+    {
+        if (m_points.size() < 2 || !std::all_of(m_points.begin(), m_points.end(), isDrawable))
+            return outlineOf(build());
+        QPointF least = m_points.first();
+        QPointF most = least;
+        for (const QPointF point : m_points) {
+            least = {qMin(least.x(), point.x()), qMin(least.y(), point.y())};
+            most = {qMax(most.x(), point.x()), qMax(most.y(), point.y())};
+        }
+        return {false, QPointF(m_points.first()) == QPointF(m_points.last()), {least, most}};
+    }
+
+private:
+    // A path leaves out what is no number.
+    static bool isDrawable(const QPointF &point)
+    {
+        return std::abs(point.x()) < 1e100 && std::abs(point.y()) < 1e100;
+    }
+
+    const QList<Point> m_points;
+};
+
+} // namespace Velmora::Figura

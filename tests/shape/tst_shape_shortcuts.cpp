@@ -1,0 +1,139 @@
+#include <figura/shape/Ellipse.h>
+#include <figura/shape/Rectangle.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QStyleOptionViewItem>
+#include <QTest>
+
+using namespace Velmora::Figura;
+
+// A rectangle may be drawn without its path. Which way it was drawn must not be seen.
+
+namespace {
+
+// Draws the path, whatever the painter is like.
+class PathRectangle : public Rectangle
+{
+public:
+    using Rectangle::Rectangle;
+
+protected:
+    void drawShape(QPainter *painter, const QStyleOptionViewItem & /*option*/) const override
+    {
+        painter->drawPath(absolutePath(getPainterPath()));
+    }
+};
+
+struct Look
+{
+    QRect bounds;
+    QColor line;
+    QColor fill;
+    bool isFilled;
+    int lineWidth;
+    Qt::PenStyle style;
+};
+
+Look randomLook(QRandomGenerator &random)
+{
+    const auto color = [&random]() {
+        return QColor::fromHsv(random.bounded(360), 200, 200, random.bounded(4) ? 255 : 120);
+    };
+    return {QRect(random.bounded(-20, 100), random.bounded(-20, 80), random.bounded(1, 60),
+                  random.bounded(1, 50)),
+            color(),
+            color(),
+            random.bounded(4) != 0,
+            random.bounded(3) ? 1 : random.bounded(0, 6),
+            random.bounded(6) ? Qt::SolidLine : Qt::DashLine};
+}
+
+void dress(Shape &shape, const Look &look)
+{
+    shape.setEnabledFGColor(look.line);
+    shape.setEnabledBGColor(look.fill);
+    shape.setFill(look.isFilled);
+    shape.setLineWidth(look.lineWidth);
+    shape.setLineStyle(look.style);
+    shape.setBounds(look.bounds);
+    shape.rebuildPath();
+}
+
+QImage picture(Shape &shape, const QTransform &transform, const QRect &clip, bool smooth)
+{
+    QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor(240, 240, 200));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, smooth);
+    if (clip.isValid())
+        painter.setClipRect(clip);
+    painter.setTransform(transform);
+    QStyleOptionViewItem option;
+    option.rect = QRect(-1000, -1000, 3000, 3000);
+    shape.render(&painter, option);
+    return image;
+}
+
+} // namespace
+
+class tst_Shape_Shortcuts : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void rectangleLooksLikeItsPath_data();
+    void rectangleLooksLikeItsPath();
+    void pathIsTheOneThatWasDue();
+};
+
+void tst_Shape_Shortcuts::rectangleLooksLikeItsPath_data()
+{
+    QTest::addColumn<QTransform>("transform");
+    QTest::addColumn<bool>("isSmooth");
+    QTest::newRow("as it is") << QTransform() << false;
+    QTest::newRow("moved") << QTransform::fromTranslate(7, -3) << false;
+    QTest::newRow("moved by parts of a pixel") << QTransform::fromTranslate(0.3, 0.7) << false;
+    QTest::newRow("doubled") << QTransform::fromScale(2, 2) << false;
+    QTest::newRow("a little larger") << QTransform::fromScale(1.3, 1.3) << false;
+    QTest::newRow("turned") << QTransform().rotate(10) << false;
+    QTest::newRow("smooth") << QTransform() << true;
+}
+
+void tst_Shape_Shortcuts::rectangleLooksLikeItsPath()
+{
+    QFETCH(QTransform, transform);
+    QFETCH(bool, isSmooth);
+    QRandomGenerator random(7);
+
+    for (int i = 0; i < 300; ++i) {
+        const Look look = randomLook(random);
+        const QRect clip = random.bounded(3) ? QRect() : QRect(20, 10, 50, 40);
+        Rectangle direct(nullptr);
+        PathRectangle drawn(nullptr);
+        dress(direct, look);
+        dress(drawn, look);
+
+        QCOMPARE(picture(direct, transform, clip, isSmooth),
+                 picture(drawn, transform, clip, isSmooth));
+    }
+}
+
+void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
+{
+    Ellipse ellipse(nullptr);
+    ellipse.setBounds(QRect(0, 0, 41, 31));
+    ellipse.rebuildPath();
+
+    ellipse.setLineWidth(20);                 // keeps the inset of the path
+    ellipse.setBounds(QRect(100, 0, 41, 31)); // not attached: the path stays
+
+    QVERIFY(ellipse.contains(QPoint(20, 15)));
+    QVERIFY(ellipse.contains(QPoint(2, 15)));
+    QVERIFY(!ellipse.contains(QPoint(2, 2)));
+    QVERIFY(!ellipse.contains(QPoint(120, 15)));
+}
+
+QTEST_MAIN(tst_Shape_Shortcuts)
+#include "tst_shape_shortcuts.moc"

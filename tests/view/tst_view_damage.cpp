@@ -1,0 +1,240 @@
+#include "figure/workcounters_p.h"
+
+#include <figura/shape/Rectangle.h>
+#include <figura/view/FreeformLayer.h>
+#include <figura/view/FreeformLayeredPane.h>
+#include <figura/view/FreeformViewer.h>
+
+#include <QPaintEvent>
+#include <QRandomGenerator>
+#include <QScreen>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+using namespace Velmora::Figura;
+
+namespace {
+
+// What the widget is asked to paint.
+class PaintRecorder : public QObject
+{
+public:
+    explicit PaintRecorder(QWidget *widget) { widget->installEventFilter(this); }
+
+    QList<QRegion> regions;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            regions.append(static_cast<QPaintEvent *>(event)->region());
+        return false;
+    }
+};
+
+// A shown viewer with a field of rectangles, far larger than what is visible.
+class Field
+{
+public:
+    static constexpr int columns = 40;
+    static constexpr int rows = 40;
+
+    Field()
+    {
+        viewer.setFrameShape(QFrame::NoFrame);
+        viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        viewer.resize(400, 300);
+        pane.addLayer(&layer, QStringLiteral("figures"));
+        viewer.setContent(&pane);
+        for (int i = 0; i < columns * rows; ++i)
+            add(QRect(i % columns * 50, i / columns * 40, 40, 30), i);
+        QPoint corner(0, 0);
+        viewer.setScale(1.0, &corner);
+        viewer.show();
+        isShown = QTest::qWaitForWindowExposed(&viewer);
+        settle();
+    }
+
+    void settle()
+    {
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
+    }
+
+    Rectangle &at(int column, int row) { return *boxes[row * columns + column]; }
+
+    QImage onScreen()
+    {
+        settle();
+        const QPixmap pixels = viewer.screen()->grabWindow(viewer.winId());
+        return pixels.toImage().convertToFormat(QImage::Format_RGB32);
+    }
+
+    QImage repainted() { return viewer.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    FreeformLayeredPane pane;
+    FreeformLayer layer;
+    FreeformViewer viewer;
+    std::vector<std::unique_ptr<Rectangle>> boxes;
+    bool isShown = false;
+
+private:
+    void add(const QRect &rect, int index)
+    {
+        boxes.push_back(std::make_unique<Rectangle>(nullptr));
+        boxes.back()->setEnabledFGColor(Qt::black);
+        boxes.back()->setEnabledBGColor(QColor::fromHsv(index * 37 % 360, 100, 230));
+        layer.add(boxes.back().get(), rect);
+        boxes.back()->rebuildPath();
+    }
+};
+
+} // namespace
+
+class tst_View_Damage : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void changeOutsideTheViewportAsksForNoPaint();
+    void fewChangesArePaintedEachByItself();
+    void manyChangesArePaintedAsOneRectangle();
+    void whatLiesBetweenTwoFarChangesIsNotPainted();
+    void recoloringOneOfManyTurnsToFewFigures();
+    void movingOneOfManyTurnsToFewFigures();
+    void manyChangesLeaveTheRightPixels_data();
+    void manyChangesLeaveTheRightPixels();
+};
+
+void tst_View_Damage::changeOutsideTheViewportAsksForNoPaint()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const PaintRecorder recorder(field.viewer.widget());
+
+    field.at(30, 30).setEnabledBGColor(Qt::red);
+    field.settle();
+    QVERIFY(recorder.regions.isEmpty());
+
+    field.viewer.setViewLocation(QPoint(1400, 1150), false);
+    QCOMPARE(field.onScreen(), field.repainted());
+}
+
+void tst_View_Damage::fewChangesArePaintedEachByItself()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const PaintRecorder recorder(field.viewer.widget());
+
+    field.at(0, 0).setEnabledBGColor(Qt::red);
+    field.at(5, 5).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QCOMPARE(recorder.regions.size(), 1);
+    QCOMPARE(recorder.regions.first().rectCount(), 2);
+}
+
+void tst_View_Damage::manyChangesArePaintedAsOneRectangle()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const PaintRecorder recorder(field.viewer.widget());
+
+    for (int i = 0; i < 42; ++i)
+        field.at(i % 7, i / 7).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QCOMPARE(recorder.regions.size(), 1);
+    QCOMPARE(recorder.regions.first().rectCount(), 1);
+}
+
+void tst_View_Damage::whatLiesBetweenTwoFarChangesIsNotPainted()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const long before = workCounters().painted;
+
+    field.at(0, 0).setEnabledBGColor(Qt::red);
+    field.at(6, 6).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    // The pane, the layer, and the two with those that touch them.
+    const long painted = workCounters().painted - before;
+    QVERIFY2(painted >= 4 && painted <= 12, qPrintable(QString::number(painted)));
+}
+
+void tst_View_Damage::recoloringOneOfManyTurnsToFewFigures()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const WorkCounters before = workCounters();
+
+    field.at(3, 3).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QVERIFY(workCounters().visited > before.visited);
+    QVERIFY2(workCounters().visited - before.visited <= 50,
+             qPrintable(QString::number(workCounters().visited - before.visited)));
+    QCOMPARE(workCounters().laidOut, before.laidOut);
+}
+
+void tst_View_Damage::movingOneOfManyTurnsToFewFigures()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const WorkCounters before = workCounters();
+
+    field.at(3, 3).setBounds(QRect(155, 122, 40, 30));
+    field.at(3, 3).revalidate();
+    field.settle();
+
+    QVERIFY(workCounters().laidOut > before.laidOut);
+    QVERIFY2(workCounters().visited - before.visited <= 100,
+             qPrintable(QString::number(workCounters().visited - before.visited)));
+}
+
+void tst_View_Damage::manyChangesLeaveTheRightPixels_data()
+{
+    QTest::addColumn<quint32>("seed");
+    QTest::addColumn<double>("scale");
+    for (quint32 seed = 1; seed <= 3; ++seed) {
+        QTest::addRow("seed %u, as it is", seed) << seed << 1.0;
+        QTest::addRow("seed %u, doubled", seed) << seed << 2.0;
+    }
+}
+
+void tst_View_Damage::manyChangesLeaveTheRightPixels()
+{
+    QFETCH(quint32, seed);
+    QFETCH(double, scale);
+    Field field;
+    QVERIFY(field.isShown);
+    QRandomGenerator random(seed);
+    field.viewer.setScale(scale, nullptr);
+    field.viewer.setViewLocation(QPoint(300, 200), false);
+
+    for (int round = 0; round < 20; ++round) {
+        const int changes = random.bounded(1, 60);
+        for (int i = 0; i < changes; ++i) {
+            Rectangle &box = field.at(random.bounded(4, 16), random.bounded(3, 14));
+            const QPoint step(random.bounded(-30, 30), random.bounded(-30, 30));
+            if (random.bounded(3) == 0)
+                box.setVisible(!box.isVisible());
+            else if (random.bounded(3) == 0)
+                box.setEnabledBGColor(QColor::fromHsv(random.bounded(360), 200, 200));
+            else
+                box.setBounds(box.getBounds().translated(step));
+        }
+        if (random.bounded(4) == 0)
+            field.viewer.setViewLocation(QPoint(random.bounded(200, 400), random.bounded(100, 300)),
+                                         false);
+        const QImage screen = field.onScreen();
+        QCOMPARE(screen, field.repainted());
+    }
+}
+
+QTEST_MAIN(tst_View_Damage)
+#include "tst_view_damage.moc"
