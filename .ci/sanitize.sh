@@ -1,2 +1,3 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." && exec cmake --workflow --preset asan
+cd "$(dirname "$0")/.." || exit
+scripts/install-dependencies.sh --tests && exec cmake --workflow --preset asan

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need.
+# missing; with --tests, --clang, --package and --abi also what only these gates need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -10,9 +10,15 @@ packages=(
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
-if [ "${1:-}" = --tests ]; then
-    packages+=(clang-format graphviz-doc poppler-utils)
-fi
+for purpose in "$@"; do
+    case $purpose in
+    --tests) packages+=(clang-format graphviz-doc poppler-utils) ;;
+    --clang) packages+=(clang clang-tidy) ;;
+    --package) packages+=(lintian dpkg-dev file gzip) ;;
+    --abi) packages+=(abigail-tools binutils) ;;
+    *) die "unknown argument $purpose" ;;
+    esac
+done
 
 is_installed()
 {
