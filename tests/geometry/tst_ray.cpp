@@ -136,6 +136,7 @@ void tst_Ray::products()
 void tst_Ray::sumAndMultipleAreComponentwise()
 {
     QCOMPARE(Ray(1, -2).getAdded(Ray(30, 40)), Ray(31, 38));
+    QCOMPARE(Ray(4, -5).getScaled(3), Ray(12, -15));
     QCOMPARE(Ray(1, -2).getScaled(-3), Ray(-3, 6));
     QCOMPARE(Ray(1, -2).getScaled(0), Ray(0, 0));
 }

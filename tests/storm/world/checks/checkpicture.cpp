@@ -1,0 +1,62 @@
+#include "../checks.h"
+#include "../world.h"
+
+#include <cstring>
+
+namespace Velmora::Figura::Storm {
+namespace {
+
+bool areEqual(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (int y = 0; y < a.height(); ++y) {
+        if (std::memcmp(a.constScanLine(y), b.constScanLine(y), size_t(a.width()) * 4) != 0)
+            return false;
+    }
+    return true;
+}
+
+QList<QPoint> differences(const QImage &a, const QImage &b)
+{
+    QList<QPoint> points;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y))
+                points.append(QPoint(x, y));
+        }
+    }
+    return points;
+}
+
+QByteArray describe(const QList<QPoint> &points)
+{
+    return QByteArray::number(points.size()) + " stale pixels, the first at (" +
+           QByteArray::number(points.first().x()) + ", " + QByteArray::number(points.first().y()) +
+           ")";
+}
+
+void checkDifferences(World &world, const QImage &screen, const QImage &full)
+{
+    const QList<QPoint> stale = world.stage.withoutExcuse(differences(screen, full), screen);
+    if (!stale.isEmpty())
+        world.report("picture", describe(stale));
+}
+
+} // namespace
+
+void checkPicture(World &world)
+{
+    if (!world.stage.viewer())
+        return;
+    const QImage screen = world.stage.screen();
+    const QImage full = world.stage.full();
+    if (areEqual(screen, full))
+        world.stage.forgetPaints();
+    else if (screen.size() != full.size())
+        world.report("picture", "the window has another size");
+    else
+        checkDifferences(world, screen, full);
+}
+
+} // namespace Velmora::Figura::Storm

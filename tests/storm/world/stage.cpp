@@ -1,0 +1,136 @@
+#include "stage.h"
+
+#include <figura/view/FreeformWidget.h>
+
+#include <QApplication>
+#include <QPaintEvent>
+#include <QScopedValueRollback>
+#include <QScreen>
+
+namespace Velmora::Figura::Storm {
+namespace {
+
+constexpr QSize windowSize(200, 150);
+constexpr int settlingTurns = 4;
+constexpr qsizetype rememberedPaints = 60;
+
+QImage comparable(const QPixmap &pixmap)
+{
+    return pixmap.toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
+
+Stage::Stage() = default;
+
+Stage::~Stage()
+{
+    close();
+}
+
+void Stage::open()
+{
+    close();
+    m_viewer = new FreeformViewer(nullptr);
+    m_viewer->setFrameShape(QFrame::NoFrame);
+    m_viewer->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_viewer->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_viewer->resize(windowSize);
+    m_viewer->widget()->setProperty("backgroundColor", QColor(250, 250, 240));
+    m_viewer->widget()->installEventFilter(this);
+    m_viewer->show();
+}
+
+void Stage::close()
+{
+    forgetPaints();
+    delete m_viewer;
+}
+
+FreeformWidget *Stage::widget() const
+{
+    return m_viewer ? qobject_cast<FreeformWidget *>(m_viewer->widget()) : nullptr;
+}
+
+// Only what was asked for is painted. One turn asks for what the next one does.
+void Stage::settle()
+{
+    const QScopedValueRollback<bool> settling(m_settling, true);
+    for (int turn = 0; turn < settlingTurns; ++turn) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QEvent update(QEvent::UpdateRequest);
+        if (m_viewer)
+            QCoreApplication::sendEvent(m_viewer, &update);
+    }
+}
+
+void Stage::askForFullRepaint()
+{
+    if (m_viewer)
+        m_viewer->update();
+}
+
+bool Stage::isPainting() const
+{
+    return widget() && widget()->testAttribute(Qt::WA_WState_InPaintEvent);
+}
+
+QImage Stage::screen() const
+{
+    return comparable(m_viewer->screen()->grabWindow(m_viewer->winId()));
+}
+
+QImage Stage::full()
+{
+    const QScopedValueRollback<bool> recording(m_recording, false);
+    return comparable(m_viewer->grab());
+}
+
+// As large as the clip.
+QImage Stage::paintedUnder(const QRegion &clip) const
+{
+    const double ratio = m_viewer->devicePixelRatioF();
+    QImage image(clip.boundingRect().size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    widget()->render(&image, QPoint(), clip);
+    return image;
+}
+
+// Qt rounds a slanted edge differently under another clip.
+QList<QPoint> Stage::withoutExcuse(const QList<QPoint> &pixels, const QImage &screen)
+{
+    const QScopedValueRollback<bool> recording(m_recording, false);
+    const double ratio = m_viewer->devicePixelRatioF();
+    const QPoint corner = widget()->mapTo(m_viewer, QPoint());
+    QList<QPoint> left = pixels;
+    for (const QRegion &paint : std::as_const(m_paints)) {
+        if (left.isEmpty())
+            break;
+        const QImage image = paintedUnder(paint);
+        const QPointF origin = QPointF(corner + paint.boundingRect().topLeft()) * ratio;
+        left.removeIf([&](const QPoint &pixel) {
+            const QPoint inside = pixel - origin.toPoint();
+            return paint.contains((QPointF(pixel) / ratio).toPoint() - corner) &&
+                   image.rect().contains(inside) && image.pixel(inside) == screen.pixel(pixel);
+        });
+    }
+    return left;
+}
+
+void Stage::forgetPaints()
+{
+    m_paints.clear();
+}
+
+bool Stage::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Paint && watched == widget() && m_recording) {
+        m_paints.append(static_cast<QPaintEvent *>(event)->region());
+        if (m_paints.size() > rememberedPaints)
+            m_paints.removeFirst();
+    }
+    return false;
+}
+
+} // namespace Velmora::Figura::Storm

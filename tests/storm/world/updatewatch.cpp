@@ -1,0 +1,122 @@
+#include "updatewatch.h"
+
+#include "world.h"
+
+#include <figura/decoration/Decoration.h>
+#include <figura/figure/Figure.h>
+
+namespace Velmora::Figura::Storm {
+namespace {
+
+bool isValid(const Figure *figure)
+{
+    return figure->getFlag(Figure::FLAG_VALID);
+}
+
+// A decoration follows its locator at each pass and never becomes valid, on purpose.
+bool becomesValid(const Figure *figure)
+{
+    return !qobject_cast<const Decoration *>(figure);
+}
+
+} // namespace
+
+UpdateWatch::UpdateWatch(World &world)
+    : m_world(world)
+{
+    connect(this, &UpdateManager::aboutToValidate, this,
+            [this]() { m_world.happens(Moment::Validate); });
+}
+
+void UpdateWatch::addInvalidFigure(Figure *figure)
+{
+    if (figure)
+        (m_validating ? m_late : m_queued).append(figure);
+    UpdateManager::addInvalidFigure(figure);
+}
+
+void UpdateWatch::noteInvalidated(Figure *figure)
+{
+    if (m_validating)
+        m_invalidated.insert(figure);
+}
+
+void UpdateWatch::performUpdate()
+{
+    const QPointer<UpdateWatch> self(this);
+    if (m_validating || !getViewer()) { // an update in an update, set off by a slot
+        UpdateManager::performUpdate();
+        return;
+    }
+
+    for (const QPointer<Figure> &figure : std::exchange(m_queued, {})) {
+        if (figure)
+            promise(figure);
+    }
+    m_validating = true;
+    UpdateManager::performUpdate();
+    if (!self)
+        return;
+    m_validating = false;
+    reportBroken();
+    recordDrops();
+}
+
+// Validation goes down as far as figures are invalid.
+void UpdateWatch::promise(Figure *figure)
+{
+    if (isValid(figure) || !becomesValid(figure))
+        return;
+    m_promises.append(Promise{figure, figure->getParentFigure()});
+    const QList<Figure *> children = figure->childFigures();
+    for (Figure *child : children)
+        promise(child);
+}
+
+// What was invalidated again, or moved elsewhere, is nobody's fault; nor is what hangs below that.
+bool UpdateWatch::isBroken(const Promise &promise) const
+{
+    Figure *figure = promise.figure;
+    if (!figure || isValid(figure) || m_invalidated.contains(figure) || !isProbed(figure))
+        return false;
+    return figure->getParentFigure() == promise.parent &&
+           (!promise.parent || isValid(promise.parent));
+}
+
+void UpdateWatch::reportBroken()
+{
+    for (const Promise &promise : std::exchange(m_promises, {})) {
+        if (isBroken(promise))
+            m_world.report("validity", describe(promise.figure) + " was not validated");
+    }
+    m_invalidated.clear();
+}
+
+void UpdateWatch::recordDrops()
+{
+    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
+    for (const QPointer<Figure> &figure : std::exchange(m_late, {})) {
+        if (!figure || isValid(figure) || !becomesValid(figure))
+            continue;
+        const auto known = std::find_if(m_drops.begin(), m_drops.end(),
+                                        [&](const Drop &drop) { return drop.figure == figure; });
+        if (known == m_drops.end())
+            m_drops.append(Drop{figure, 1});
+        else
+            ++known->passes;
+    }
+}
+
+// One that is queued by every pass is let go of in the end.
+QList<Figure *> UpdateWatch::leftInvalid()
+{
+    QList<Figure *> left;
+    for (const Drop &drop : std::as_const(m_drops)) {
+        if (drop.figure && drop.passes == 1 && !isValid(drop.figure) &&
+            drop.figure->getUpdateManager() == this)
+            left.append(drop.figure);
+    }
+    return left;
+}
+
+} // namespace Velmora::Figura::Storm

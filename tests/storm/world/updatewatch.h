@@ -1,0 +1,55 @@
+#pragma once
+
+#include <figura/view/UpdateManager.h>
+
+#include <QHash>
+#include <QSet>
+
+namespace Velmora::Figura::Storm {
+
+class World;
+
+/// An update manager that remembers what it was asked to validate, so that what a pass leaves
+/// invalid can be told apart: broken promise or documented drop.
+class UpdateWatch : public UpdateManager
+{
+public:
+    explicit UpdateWatch(World &world);
+
+    void addInvalidFigure(Figure *figure) override;
+    void performUpdate() override;
+
+    void noteInvalidated(Figure *figure); ///< Called by the figures.
+
+    /// Figures that a pass dropped and that are still invalid, although nothing is pending.
+    QList<Figure *> leftInvalid();
+
+private:
+    /// A figure that the pass has to validate, and whose child it was when the pass began.
+    struct Promise
+    {
+        QPointer<Figure> figure;
+        QPointer<Figure> parent;
+    };
+
+    struct Drop
+    {
+        QPointer<Figure> figure;
+        int passes = 0; ///< In so many passes it was queued, without ever becoming valid.
+    };
+
+    void promise(Figure *figure);
+    bool isBroken(const Promise &promise) const;
+    void reportBroken();
+    void recordDrops();
+
+    World &m_world;
+    bool m_validating = false;
+    QList<QPointer<Figure>> m_queued;
+    QList<Promise> m_promises;
+    QList<QPointer<Figure>> m_late; // queued while the pass was under way
+    QList<Drop> m_drops;
+    QSet<Figure *> m_invalidated; // while the pass was under way
+};
+
+} // namespace Velmora::Figura::Storm
