@@ -56,6 +56,9 @@ foreach(library IN LISTS libraries)
         ${library} ${package} "${description}"
         "This package holds the library that programs are linked with."
     )
+    set(CPACK_DEBIAN_${key}_PACKAGE_SHLIBDEPS ON)
+    # The libraries below come from the same build, where no package names them yet.
+    list(JOIN development_depends ", " CPACK_DEBIAN_${key}_PACKAGE_DEPENDS)
     list(APPEND development_depends "${package} ${own_version}")
 endforeach()
 

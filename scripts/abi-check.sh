@@ -17,13 +17,13 @@ when the list of exported symbols is not the reviewed one.
 TEXT
 }
 
-build=$root/build/abi
+build=$root/build/package # not stripped, and with all that tells of types
 promises=$root/abi
 
 build_libraries()
 {
     step "building the libraries"
-    (cd "$root" && cmake --preset abi && cmake --build --preset abi) </dev/null
+    (cd "$root" && cmake --preset package && cmake --build --preset package) </dev/null
 }
 
 # The links without a version: one for each library.
