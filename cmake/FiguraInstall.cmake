@@ -33,7 +33,6 @@ function(figura_install_library target)
     figura_install_pkg_config(${target})
     set_property(GLOBAL APPEND PROPERTY FIGURA_LIBRARIES ${target})
     set_property(TARGET ${target} PROPERTY FIGURA_PACKAGE lib${arg_PKG_CONFIG}${PROJECT_VERSION_MAJOR})
-    set_property(TARGET ${target} PROPERTY FIGURA_DESCRIPTION ${arg_DESCRIPTION})
 endfunction()
 
 # The prefix is found from where the file lies, so that the whole may be moved.

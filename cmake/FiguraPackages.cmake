@@ -1,5 +1,7 @@
 # What cpack needs to know to make libfigura1, libfigura-dev and libfigura-doc, and one package more
 # for each further library.
+include(GNUInstallDirs)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME figura)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -20,14 +22,15 @@ set(own_version "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 find_program(FIGURA_GZIP gzip REQUIRED)
 mark_as_advanced(FIGURA_GZIP)
 
-# figura_add_package(component package synopsis text)
+# figura_add_package(component package text)
 #
-# Debian wants a copyright file and a compressed list of changes in each package.
-macro(figura_add_package component package synopsis text)
+# The first line of the description is the same for all. Debian wants a copyright file and a
+# compressed list of changes in each package.
+macro(figura_add_package component package text)
     string(TOUPPER ${component} key)
     list(APPEND CPACK_COMPONENTS_ALL ${component})
     set(CPACK_DEBIAN_${key}_PACKAGE_NAME ${package})
-    set(CPACK_COMPONENT_${key}_DESCRIPTION "${synopsis}\n${text}")
+    set(CPACK_DEBIAN_${key}_DESCRIPTION "${text}")
 
     install(
         FILES ${PROJECT_SOURCE_DIR}/packaging/debian/copyright
@@ -51,11 +54,8 @@ execute_process(
 get_property(libraries GLOBAL PROPERTY FIGURA_LIBRARIES)
 foreach(library IN LISTS libraries)
     get_target_property(package ${library} FIGURA_PACKAGE)
-    get_target_property(description ${library} FIGURA_DESCRIPTION)
-    figura_add_package(
-        ${library} ${package} "${description}"
-        "This package holds the library that programs are linked with."
-    )
+    figura_add_package(${library} ${package} "The library lib${library} that programs are linked with.")
+    set(CPACK_DEBIAN_${key}_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
     set(CPACK_DEBIAN_${key}_PACKAGE_SHLIBDEPS ON)
     # The libraries below come from the same build, where no package names them yet.
     list(JOIN development_depends ", " CPACK_DEBIAN_${key}_PACKAGE_DEPENDS)
@@ -63,8 +63,8 @@ foreach(library IN LISTS libraries)
 endforeach()
 
 figura_add_package(
-    development libfigura-dev "Headers of Figura, a library of 2D figures for Qt 6"
-    "Headers, the CMake package Figura and pkg-config files for those who write programs with Figura."
+    development libfigura-dev
+    "Headers, CMake package and pkg-config files for those who write programs."
 )
 list(JOIN development_depends ", " development_depends)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -74,8 +74,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libfigura-doc)
 
 figura_add_package(
-    documentation libfigura-doc "Documentation of Figura, a library of 2D figures for Qt 6"
-    "How the library is built and used, what changes from version to version, and the examples."
+    documentation libfigura-doc
+    "How the library is used and built, what is new in it, and the examples."
 )
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
@@ -83,6 +83,7 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/libfigura-doc)
 install(
     FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+          ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
     DESTINATION ${doc_dir}
     COMPONENT documentation
 )
