@@ -76,7 +76,8 @@ check()
     list_symbols "$1" | diff -u "$promises/$name.symbols" -
 
     step "comparing $name with its promise; nothing of it may go or change"
-    abidiff --headers-dir2 "$root/include" --no-added-syms "$promises/$name.abi" "$1"
+    describe "$1" "$build/$name.abi"
+    abidiff --no-added-syms "$promises/$name.abi" "$build/$name.abi"
 }
 
 action=check
