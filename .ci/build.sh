@@ -1,2 +1,4 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." && exec cmake --workflow --preset dev
+# g++; warnings are errors, and each header is compiled on its own.
+cd "$(dirname "$0")/.." || exit
+scripts/install-dependencies.sh --tests && exec cmake --workflow --preset build

@@ -1,2 +1,4 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." && exec cmake --workflow --preset install
+# The installed copy, pkg-config, and the use as a part of another tree.
+cd "$(dirname "$0")/.." || exit
+exec ctest --preset install

@@ -1,2 +1,4 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." && exec cmake --workflow --preset asan
+# All tests once more with the address, undefined behaviour and leak sanitizers.
+cd "$(dirname "$0")/.." || exit
+exec scripts/test.sh --sanitize

@@ -1,2 +1,3 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." && exec cmake --workflow --preset tidy
+cd "$(dirname "$0")/.." || exit
+scripts/install-dependencies.sh --clang && exec cmake --workflow --preset tidy

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests, --coverage, --fuzz and --bench also what only these need.
+# missing; with --tests, --coverage, --fuzz, --bench, --clang, --package and --abi also what only
+# these need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -16,6 +17,9 @@ for purpose in "$@"; do
     --coverage) packages+=(gcovr) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
     --bench) packages+=(valgrind) ;;
+    --clang) packages+=(clang clang-tidy) ;;
+    --package) packages+=(lintian dpkg-dev file gzip) ;;
+    --abi) packages+=(abigail-tools binutils) ;;
     *) die "unknown argument $purpose" ;;
     esac
 done

@@ -50,6 +50,7 @@ void ConnectionLocator::setConnection(IConnection *connection)
     m_connection = connection;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value in the interface
 QPoint ConnectionLocator::getLocation(QList<QPoint> points)
 {
     if (points.isEmpty())

@@ -3,7 +3,7 @@
 #include "bendrouter_p.h"
 #include "diagramlinks_p.h"
 
-#include "figure/childwalk_p.h"
+#include "eachchild_p.h"
 
 #include <figura/connection/ChopboxAnchor.h>
 #include <figura/connection/ConnectionLayer.h>
@@ -164,7 +164,7 @@ void Diagram::removeConnectionsInside(Figure *figure)
     const QList<PolylineConnection *> connections = m_links->at(figure);
     for (PolylineConnection *connection : connections)
         removeConnection(connection);
-    walkChildren(figure, [this](Figure *child) { removeConnectionsInside(child); });
+    visitChildren(figure, [this](Figure *child) { removeConnectionsInside(child); });
 }
 
 // A figure that was destroyed may leave others behind that were inside it.

@@ -1,6 +1,6 @@
 #include "reach_p.h"
 
-#include "figure/childwalk_p.h"
+#include "eachchild_p.h"
 #include "line_p.h"
 
 #include <figura/shape/Shape.h>
@@ -18,7 +18,7 @@ int reachOf(const Figure *figure)
 int reachOfTree(Figure *figure)
 {
     int reach = reachOf(figure);
-    walkChildren(figure, [&reach](Figure *child) { reach = std::max(reach, reachOfTree(child)); });
+    visitChildren(figure, [&reach](Figure *child) { reach = std::max(reach, reachOfTree(child)); });
     return reach;
 }
 

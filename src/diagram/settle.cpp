@@ -1,6 +1,6 @@
 #include "settle_p.h"
 
-#include "figure/childwalk_p.h"
+#include "eachchild_p.h"
 #include "shapepath_p.h"
 
 #include <figura/layout/Layout.h>
@@ -17,7 +17,7 @@ void settle(Figure *figure)
         figure->validate();
     }
     if (alive)
-        walkChildren(figure, settle);
+        visitChildren(figure, settle);
 }
 
 void buildMissingPaths(Figure *figure)
@@ -25,7 +25,7 @@ void buildMissingPaths(Figure *figure)
     auto *shape = qobject_cast<Shape *>(figure);
     if (shape && pathOf(shape) == QPainterPath() && shape->getBounds().isValid())
         shape->rebuildPath();
-    walkChildren(figure, buildMissingPaths);
+    visitChildren(figure, buildMissingPaths);
 }
 
 } // namespace Velmora::Figura

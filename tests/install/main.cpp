@@ -1,6 +1,9 @@
-// Whoever finds the installed package gets every header, the library and the Qt modules behind it.
+// Whoever finds the package gets every header, by both of its names, the library and the Qt modules
+// behind it.
 #include <figura/Figura.h>
 
+#include <Figura/Figure>
+#include <Figura/Rectangle>
 #include <QApplication>
 
 using namespace Velmora::Figura;

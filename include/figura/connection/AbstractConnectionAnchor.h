@@ -15,6 +15,8 @@ class FIGURA_EXPORT AbstractConnectionAnchor : public ConnectionAnchorBase, publ
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IAncestorListener)
+    Q_MOC_INCLUDE("figura/figure/Figure.h")
+    Q_PROPERTY(Figure *owner READ getOwner WRITE setOwner)
 
 public:
     explicit AbstractConnectionAnchor(Figure *owner, QObject *parent = nullptr);

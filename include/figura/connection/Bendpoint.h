@@ -12,6 +12,7 @@ class FIGURA_EXPORT Bendpoint : public QObject, public IBendpoint
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IBendpoint)
+    Q_PROPERTY(QPoint location READ getLocation WRITE setLocation)
 
 public:
     explicit Bendpoint(QObject *parent = nullptr);

@@ -15,6 +15,9 @@ class IConnectionRouter;
 class FIGURA_EXPORT ConnectionLayer : public FreeformLayer
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/connection/IConnectionRouter.h")
+    Q_PROPERTY(
+        IConnectionRouter *connectionRouter READ getConnectionRouter WRITE setConnectionRouter)
 
 public:
     /// Connections have no rectangle constraints, so that monitoring them gains nothing.

@@ -17,6 +17,9 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT Polyline : public Shape
 {
     Q_OBJECT
+    Q_PROPERTY(QList<QPoint> linePoints READ getLinePoints WRITE setLinePoints)
+    Q_PROPERTY(QPoint start READ getStart WRITE setStart)
+    Q_PROPERTY(QPoint end READ getEnd WRITE setEnd)
 
 public:
     explicit Polyline(QObject *parent = nullptr);

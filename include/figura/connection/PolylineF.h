@@ -17,6 +17,9 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT PolylineF : public Shape
 {
     Q_OBJECT
+    Q_PROPERTY(QList<QPointF> linePoints READ getLinePoints WRITE setLinePoints)
+    Q_PROPERTY(QPointF start READ getStart WRITE setStart)
+    Q_PROPERTY(QPointF end READ getEnd WRITE setEnd)
 
 public:
     explicit PolylineF(QObject *parent = nullptr);

@@ -24,6 +24,15 @@ class FIGURA_EXPORT PolylineFConnection : public PolylineF,
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IConnection Velmora::Figura::IAnchorListener)
+    Q_MOC_INCLUDE("figura/connection/IConnectionAnchor.h")
+    Q_MOC_INCLUDE("figura/connection/IConnectionRouter.h")
+    Q_PROPERTY(QList<QPoint> points READ getPoints WRITE setPoints)
+    Q_PROPERTY(QList<QPointF> pointsf READ getPointsF WRITE setPointsF)
+    Q_PROPERTY(
+        IConnectionRouter *connectionRouter READ getConnectionRouter WRITE setConnectionRouter)
+    Q_PROPERTY(QVariant routingConstraint READ getRoutingConstraint WRITE setRoutingConstraint)
+    Q_PROPERTY(IConnectionAnchor *sourceAnchor READ getSourceAnchor WRITE setSourceAnchor)
+    Q_PROPERTY(IConnectionAnchor *targetAnchor READ getTargetAnchor WRITE setTargetAnchor)
 
 public:
     /// Draws a line from (0, 0) to (100, 100) until it is routed.

@@ -21,6 +21,11 @@ class IConnection;
 class FIGURA_EXPORT RelativeBendpoint : public Bendpoint
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/connection/IConnection.h")
+    Q_PROPERTY(IConnection *connection READ getConnection WRITE setConnection)
+    Q_PROPERTY(float weight READ getWeight WRITE setWeight)
+    Q_PROPERTY(QSize relativeDim1 READ getRelativeDim1)
+    Q_PROPERTY(QSize relativeDim2 READ getRelativeDim2)
 
 public:
     explicit RelativeBendpoint(IConnection *connection, QObject *parent = nullptr);

@@ -11,6 +11,7 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT XYAnchor : public ConnectionAnchorBase
 {
     Q_OBJECT
+    Q_PROPERTY(QPoint location READ getReferencePoint WRITE setLocation)
 
 public:
     explicit XYAnchor(const QPoint &location = QPoint(), QObject *parent = nullptr);

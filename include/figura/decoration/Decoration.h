@@ -18,6 +18,11 @@ class FIGURA_EXPORT Decoration : public Shape, public IAncestorListener
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IAncestorListener)
+    Q_MOC_INCLUDE("figura/layout/ILocator.h")
+    Q_PROPERTY(Figure *owner READ getOwner WRITE setOwner)
+    Q_PROPERTY(ILocator *locator READ getLocator WRITE setLocator)
+    Q_PROPERTY(bool managedExternally READ isManagedExternally WRITE setManagedExternally)
+    Q_PROPERTY(bool showable READ isShowable)
 
 public:
     explicit Decoration(Figure *owner, ILocator *locator, QObject *parent = nullptr);

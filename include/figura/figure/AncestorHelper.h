@@ -22,6 +22,7 @@ class FIGURA_EXPORT AncestorHelper : public QObject, public IPropertyChangeListe
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IPropertyChangeListener)
+    Q_MOC_INCLUDE("figura/figure/Figure.h")
 
 public:
     explicit AncestorHelper(Figure *figure, QObject *parent = nullptr);

@@ -20,6 +20,11 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT Border : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(Insets insets READ getInsets WRITE setInsets)
+    Q_PROPERTY(QColor color READ getColor WRITE setColor)
+    Q_PROPERTY(Qt::PenStyle penStyle READ getPenStyle WRITE setPenStyle)
+    Q_PROPERTY(Qt::PenCapStyle penCapStyle READ getPenCapStyle WRITE setPenCapStyle)
+    Q_PROPERTY(Qt::PenJoinStyle penJoinStyle READ getPenJoinStyle WRITE setPenJoinStyle)
 
 public:
     explicit Border(QObject *parent = nullptr);

@@ -31,6 +31,30 @@ class FIGURA_EXPORT Figure : public QObject, public virtual IFigure
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IFigure)
+    Q_MOC_INCLUDE("figura/figure/Border.h")
+    Q_MOC_INCLUDE("figura/layout/Layout.h")
+    Q_MOC_INCLUDE("figura/view/UpdateManager.h")
+    // None notifies: figureMoved() carries the figure, not the value that Qt would expect there.
+    Q_PROPERTY(QRect bounds READ getBounds WRITE setBounds)
+    Q_PROPERTY(QRect boundingRect READ getBoundingRect)
+    Q_PROPERTY(QRect clientArea READ getClientArea)
+    Q_PROPERTY(QSize minimumSize READ getMinimumSize WRITE setMinimumSize)
+    Q_PROPERTY(QSize maximumSize READ getMaximumSize WRITE setMaximumSize)
+    Q_PROPERTY(QSize preferredSize READ getPreferredSize WRITE setPreferredSize)
+    Q_PROPERTY(int margin READ getMargin WRITE setMargin)
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
+    Q_PROPERTY(bool visible READ isVisible WRITE setVisible)
+    Q_PROPERTY(QColor backgroundColor READ getBackgroundColor WRITE setBackgroundColor)
+    Q_PROPERTY(
+        Qt::Orientations expandingDirections READ expandingDirections WRITE setExpandingDirections)
+    Q_PROPERTY(int highlightStyle READ getHighlightStyle WRITE setHighlightStyle)
+    Q_PROPERTY(bool clientAreaHighlighted READ isClientAreaHighlighted WRITE highlightClientArea)
+    Q_PROPERTY(Border *border READ getBorder WRITE setBorder)
+    Q_PROPERTY(Figure *tooltip READ getTooltip WRITE setTooltip)
+    Q_PROPERTY(Layout *layoutManager READ getLayoutManager WRITE setLayoutManager)
+    Q_PROPERTY(UpdateManager *updateManager READ getUpdateManager)
+    Q_PROPERTY(Figure *parent READ getParentFigure)
+    Q_PROPERTY(QList<Figure *> childFigures READ childFigures)
 
 public:
     // The flag bits of getFlag() and setFlag().

@@ -14,6 +14,8 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT Ray : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(int x READ x)
+    Q_PROPERTY(int y READ y)
 
 public:
     explicit Ray(QObject *parent = nullptr); ///< The null vector (0, 0).

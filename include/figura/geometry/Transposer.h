@@ -10,6 +10,7 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT Transposer : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
 
 public:
     explicit Transposer(QObject *parent = nullptr); ///< Disabled at first.

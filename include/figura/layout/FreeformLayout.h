@@ -16,6 +16,8 @@ class ExtentTree;
 class FIGURA_EXPORT FreeformLayout : public XYLayout
 {
     Q_OBJECT
+    Q_PROPERTY(QRect freeformExtent READ getFreeformExtent NOTIFY extentChanged)
+    Q_PROPERTY(bool contentMonitored READ isContentMonitored WRITE setContentMonitored)
 
 public:
     /// With \a contentMonitored the extent follows the moves of the children.

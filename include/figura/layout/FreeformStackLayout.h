@@ -13,6 +13,7 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT FreeformStackLayout : public StackLayout
 {
     Q_OBJECT
+    Q_PROPERTY(QRect freeformExtent READ getFreeformExtent NOTIFY extentChanged)
 
 public:
     explicit FreeformStackLayout(QObject *parent = nullptr); ///< Counts as laid out at first.

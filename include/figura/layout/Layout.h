@@ -26,6 +26,11 @@ struct ChildRecord;
 class FIGURA_EXPORT Layout : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(Figure *figure READ getFigure)
+    Q_PROPERTY(Qt::Alignment alignment READ getAligment WRITE setAlignment)
+    Q_PROPERTY(int spacing READ getSpacing WRITE setSpacing)
+    Q_PROPERTY(
+        Qt::Orientations expandingDirections READ expandingDirections WRITE setExpandingDirections)
 
 public:
     /// What a layout keeps for one child.

@@ -9,6 +9,8 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT RoundedRectangle : public Shape
 {
     Q_OBJECT
+    Q_PROPERTY(int xRnd READ getXRnd WRITE setXRnd)
+    Q_PROPERTY(int yRnd READ getYRnd WRITE setYRnd)
 
 public:
     explicit RoundedRectangle(QObject *parent = nullptr);

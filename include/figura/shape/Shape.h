@@ -22,6 +22,15 @@ class PathSource;
 class FIGURA_EXPORT Shape : public Figure
 {
     Q_OBJECT
+    Q_PROPERTY(int lineWidth READ getLineWidth WRITE setLineWidth)
+    Q_PROPERTY(Qt::PenStyle lineStyle READ getLineStyle WRITE setLineStyle)
+    Q_PROPERTY(Qt::PenCapStyle capStyle READ getCapStyle WRITE setCapStyle)
+    Q_PROPERTY(Qt::PenJoinStyle joinStyle READ getJoinStyle WRITE setJoinStyle)
+    Q_PROPERTY(QColor enabledFGColor READ getEnabledFGColor WRITE setEnabledFGColor)
+    Q_PROPERTY(QColor enabledBGColor READ getEnabledBGColor WRITE setEnabledBGColor)
+    Q_PROPERTY(QColor disabledFGColor READ getDisabledFGColor WRITE setDisabledFGColor)
+    Q_PROPERTY(QColor disabledBGColor READ getDisabledBGColor WRITE setDisabledBGColor)
+    Q_PROPERTY(bool fill READ getFill WRITE setFill)
 
 public:
     explicit Shape(QObject *parent = nullptr); ///< With a transparent background.

@@ -11,6 +11,9 @@ class FIGURA_EXPORT FreeformLayer : public Layer, public IFreeformFigure
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IFreeformFigure)
+    Q_PROPERTY(QRect freeformExtent READ getFreeformExtent NOTIFY extentChanged)
+    Q_PROPERTY(bool contentMonitored READ isContentMonitored WRITE setContentMonitored)
+    Q_PROPERTY(int extentPadding READ getExtentPadding WRITE setExtentPadding)
 
 public:
     /// With \a contentMonitored the extent follows the moves of the children.

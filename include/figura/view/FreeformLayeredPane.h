@@ -15,6 +15,7 @@ class FIGURA_EXPORT FreeformLayeredPane : public LayeredPane, public IFreeformFi
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IFreeformFigure)
+    Q_PROPERTY(QRect freeformExtent READ getFreeformExtent NOTIFY extentChanged)
 
 public:
     explicit FreeformLayeredPane(QObject *parent = nullptr); ///< Comes with a FreeformStackLayout.

@@ -24,6 +24,16 @@ class FIGURA_EXPORT FreeformViewer : public QScrollArea, public IFigureViewer, p
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IFigureViewer Velmora::Figura::IViewport)
+    Q_MOC_INCLUDE("figura/figure/Figure.h")
+    Q_MOC_INCLUDE("figura/layout/PageLayout.h")
+    Q_MOC_INCLUDE("figura/view/UpdateManager.h")
+    Q_PROPERTY(double scale READ getScale WRITE setScale NOTIFY scaleChanged)
+    Q_PROPERTY(QPoint viewLocation READ getViewLocation WRITE setViewLocation)
+    Q_PROPERTY(QRect viewRect READ getViewRect)
+    Q_PROPERTY(Figure *content READ getContent WRITE setContent)
+    Q_PROPERTY(UpdateManager *updateManager READ getUpdateManager WRITE setUpdateManager)
+    Q_PROPERTY(PageLayout *pageLayout READ getPageLayout WRITE setPageLayout)
+    Q_PROPERTY(bool extentHandling READ extentHandlingEnabled WRITE enableExtentHandling)
 
 public:
     explicit FreeformViewer(QWidget *parent = nullptr);

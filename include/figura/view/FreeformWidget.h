@@ -31,6 +31,18 @@ class WidgetDamage;
 class FIGURA_EXPORT FreeformWidget : public QWidget
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/figure/Figure.h")
+    Q_MOC_INCLUDE("figura/view/UpdateManager.h")
+    Q_PROPERTY(double scale READ getScale WRITE setScale)
+    Q_PROPERTY(QPointF pointAtOrigin READ getPointAtOrigin)
+    Q_PROPERTY(Figure *content READ getContent WRITE setContent)
+    Q_PROPERTY(UpdateManager *updateManager READ getUpdateManager WRITE setUpdateManager)
+    Q_PROPERTY(int xMargin READ getXMargin)
+    Q_PROPERTY(int yMargin READ getYMargin)
+    Q_PROPERTY(bool extentHandling READ extentHandlingEnabled WRITE enableExtentHandling)
+    Q_PROPERTY(bool resizing READ isResizing)
+    Q_PROPERTY(bool highlighted READ isHighlighted WRITE setHighlighted)
+    Q_PROPERTY(int highlightStyle READ getHighlightStyle WRITE setHighlightStyle)
 
 public:
     explicit FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags = Qt::WindowFlags());

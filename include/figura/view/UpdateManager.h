@@ -24,6 +24,7 @@ class FIGURA_EXPORT UpdateManager : public QObject, public IUpdateManager
 {
     Q_OBJECT
     Q_INTERFACES(Velmora::Figura::IUpdateManager)
+    Q_PROPERTY(IFigureViewer *viewer READ getViewer WRITE setViewer)
 
 public:
     explicit UpdateManager(QObject *parent = nullptr);

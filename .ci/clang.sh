@@ -1,0 +1,4 @@
+#!/bin/sh
+# clang++; warnings are errors.
+cd "$(dirname "$0")/.." || exit
+scripts/install-dependencies.sh --clang && exec cmake --workflow --preset clang
