@@ -14,7 +14,7 @@ class FIGURA_EXPORT Bendpoint : public QObject, public IBendpoint
     Q_INTERFACES(Velmora::Figura::IBendpoint)
 
 public:
-    explicit Bendpoint(QObject *parent = nullptr);
+    explicit Bendpoint(QObject *parent = nullptr); ///< \a parent owns the bendpoint as a QObject.
     ~Bendpoint() override;
 };
 

@@ -13,6 +13,7 @@ class FIGURA_EXPORT XYAnchor : public ConnectionAnchorBase
     Q_OBJECT
 
 public:
+    /// \a location is in absolute coordinates.
     explicit XYAnchor(const QPoint &location = QPoint(), QObject *parent = nullptr);
     ~XYAnchor() override;
 

@@ -23,11 +23,12 @@ class FIGURA_EXPORT UpdateManager : public QObject, public IUpdateManager
     Q_INTERFACES(Velmora::Figura::IUpdateManager)
 
 public:
+    /// Without a viewer; a FreeformViewer sets itself.
     explicit UpdateManager(QObject *parent = nullptr);
     ~UpdateManager() override;
 
-    void setViewer(IFigureViewer *viewer);
-    IFigureViewer *getViewer() const;
+    void setViewer(IFigureViewer *viewer); ///< Not owned; null for none.
+    IFigureViewer *getViewer() const;      ///< Null when there is none.
 
     /// Reports damage. \a rect is in the coordinate system of the figure's bounds; \a figure must
     /// not be null.
