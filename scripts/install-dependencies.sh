@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need.
+# missing; with --tests also what only the tests need, with --docs what makes the reference.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -10,9 +10,14 @@ packages=(
     libgraphviz-dev graphviz zlib1g-dev
     fonts-dejavu-core
 )
-if [ "${1:-}" = --tests ]; then
-    packages+=(clang-format graphviz-doc poppler-utils)
-fi
+for purpose in "$@"; do
+    case $purpose in
+    --tests) packages+=(clang-format graphviz-doc poppler-utils) ;;
+    --coverage) packages+=(gcovr) ;;
+    --docs) packages+=(doxygen graphviz) ;;
+    *) die "unknown argument $purpose" ;;
+    esac
+done
 
 is_installed()
 {
