@@ -31,6 +31,15 @@ QTransform pageTransform(const QRect &area, const QRectF &page, double factor)
     return toLogical.inverted();
 }
 
+// Qt's PDF engine is not told of a pen that equals the painter's first one: what is outlined with
+// it comes out in a hairline. Another pen in between makes it listen.
+void announcePen(QPainter *painter)
+{
+    const QPen pen = painter->pen();
+    painter->setPen(Qt::NoPen);
+    painter->setPen(pen);
+}
+
 bool hasFailed(const QPrinter *printer)
 {
     const QPrinter::PrinterState state = printer->printerState();
@@ -60,6 +69,7 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
 
     painter.save();
     painter.setTransform(pageTransform(area, page, factor));
+    announcePen(&painter);
     printContent(&painter, layer, area);
     painter.restore();
     if (pageLayout)
