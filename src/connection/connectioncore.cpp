@@ -1,6 +1,7 @@
 #include "connectioncore_p.h"
 
 #include "figure/childwalk_p.h"
+#include "figure/paintreach_p.h"
 
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
@@ -179,6 +180,7 @@ void ConnectionCore::eraseBounds()
     }
     if (Figure *parent = m_figure->getParentFigure()) {
         QRect rect = m_bounds;
+        const PaintReach::Damage damage(*m_figure);
         manager->addDirtyRegion(parent, parent->translateToParent(rect));
     }
 }

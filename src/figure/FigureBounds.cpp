@@ -3,6 +3,7 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "paintreach_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -175,6 +176,8 @@ void Figure::setBounds(const QRect &rect)
         erase();
     if (!shift.isNull())
         primTranslate(shift.x(), shift.y());
+    if (alive)
+        PaintReach::shiftChildren(*this, shift);
     if (alive && resized) {
         m_bounds.setSize(bounds.size());
         invalidate();
@@ -196,8 +199,11 @@ void Figure::translate(int dx, int dy)
     const QPointer<Figure> alive(this);
     if (!useLocalCoordinates())
         primTranslate(dx, dy);
-    if (alive)
-        Q_EMIT figureMoved(this);
+    if (!alive)
+        return;
+    PaintReach::shiftChildren(*this, QPoint(dx, dy));
+    PaintReach::refresh(*this);
+    Q_EMIT figureMoved(this);
 }
 
 } // namespace Velmora::Figura

@@ -3,6 +3,8 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "paintreach_p.h"
+#include "revalidation_p.h"
 
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
@@ -49,10 +51,12 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
         QMessageLogger().debug("Figure::render(): invalid figure bounds");
         return;
     }
+    const QRect bounds = rect;
     translateToAbsolute(rect);
-    if (!rect.intersects(option.rect))
+    if (!PaintReach::meets(*this, rect, option.rect, painter))
         return;
 
+    PaintReach::refresh(*this, bounds);
     // Figures draw themselves by the application's code, which may destroy this one.
     const QPointer<Figure> alive(this);
     QStyleOptionViewItem part(option);
@@ -64,10 +68,9 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     const QRect content = calculateContentRect(rect);
     if (!content.isValid())
         return;
-    if (option.rect.intersects(content)) {
-        part.rect = option.rect & content;
+    part.rect = PaintReach::childDamage(*this, content, option.rect);
+    if (part.rect.isValid())
         drawChildren(painter, part);
-    }
     if (alive && m_clientAreaHighlighted)
         drawHighlight(painter, option, content);
 }
@@ -123,6 +126,7 @@ void Figure::erase()
     if (!rect.isValid() || !parent || !isVisible())
         return;
     parent->translateToParent(rect);
+    const PaintReach::Damage damage(*this);
     parent->repaint(rect);
 }
 
@@ -140,8 +144,13 @@ void Figure::repaint(const QRect &rect)
 {
     if (!rect.isValid() || !isVisible())
         return;
-    if (UpdateManager *manager = getUpdateManager())
-        manager->addDirtyRegion(this, rect);
+    const int reach = PaintReach::refresh(*this);
+    UpdateManager *manager = getUpdateManager();
+    if (!manager)
+        return;
+    const PaintReach::Damage damage(*this);
+    PaintReach::settle(*this, rect, reach);
+    manager->addDirtyRegion(this, rect);
 }
 
 void Figure::invalidate()
@@ -154,6 +163,7 @@ void Figure::invalidate()
 void Figure::revalidate()
 {
     invalidate();
+    const Revalidation way(this);
     Figure *parent = getParentFigure();
     if (parent && !isValidateRoot())
         parent->revalidate();
@@ -167,11 +177,14 @@ void Figure::validate()
         return;
 
     const QPointer<Figure> alive(this);
+    m_isValidating = true;
     layout();
     if (alive)
         walkChildren(this, [](Figure *child) { child->validate(); });
-    if (alive)
-        setValid(true);
+    if (!alive)
+        return;
+    m_isValidating = false;
+    setValid(true);
 }
 
 void Figure::layout()

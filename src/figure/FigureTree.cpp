@@ -3,6 +3,7 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "paintreach_p.h"
 
 #include <figura/layout/Layout.h>
 #include <figura/view/UpdateManager.h>
@@ -104,6 +105,7 @@ void Figure::addNotify()
         return;
     }
     setFlag(FLAG_NOTIFIED, true);
+    PaintReach::refresh(*this);
     walkChildren(this, [](Figure *child) { child->addNotify(); });
 }
 

@@ -1,5 +1,7 @@
 #include <figura/figure/ScaledBorder.h>
 
+#include "borderline_p.h"
+
 #include <QLineF>
 #include <QPainter>
 #include <QStyleOptionViewItem>
@@ -68,7 +70,7 @@ void ScaledBorder::drawBorderRect(QPainter *painter, const QRect &rect, const In
             return;
         pen.setWidth(width);
         painter->setPen(pen);
-        painter->drawLine(line(rect, width / 2.0));
+        drawBorderLine(painter, line(rect, width / 2.0));
     };
 
     painter->save();

@@ -1,5 +1,7 @@
 #include <figura/figure/SimpleBorder.h>
 
+#include "borderline_p.h"
+
 #include <QPainter>
 #include <QStyleOptionViewItem>
 
@@ -31,13 +33,13 @@ void SimpleBorder::drawBorderRect(QPainter *painter, const QRect &rect, const In
     // The insets say only which sides are drawn: their width is not applied to the pen, on purpose.
     painter->setPen(createPen());
     if (insets.top() > 0)
-        painter->drawLine(rect.left(), rect.top(), rect.right(), rect.top());
+        drawBorderLine(painter, QLine(rect.topLeft(), rect.topRight()));
     if (insets.right() > 0)
-        painter->drawLine(rect.right(), rect.top(), rect.right(), rect.bottom());
+        drawBorderLine(painter, QLine(rect.topRight(), rect.bottomRight()));
     if (insets.bottom() > 0)
-        painter->drawLine(rect.right(), rect.bottom(), rect.left(), rect.bottom());
+        drawBorderLine(painter, QLine(rect.bottomRight(), rect.bottomLeft()));
     if (insets.left() > 0)
-        painter->drawLine(rect.left(), rect.bottom(), rect.left(), rect.top());
+        drawBorderLine(painter, QLine(rect.bottomLeft(), rect.topLeft()));
     painter->restore();
 }
 

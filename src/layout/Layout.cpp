@@ -2,6 +2,7 @@
 
 #include "constraint_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/paintreach_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -323,6 +324,7 @@ bool Layout::layout(Figure *container)
         if (!alive)
             return false;
         m_laidOut = laidOut;
+        PaintReach::collect(*this);
     }
     const bool laidOut = m_laidOut;
     tellAll(this, m_listeners, [&](ILayoutListener *listener) {

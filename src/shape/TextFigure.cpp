@@ -17,6 +17,21 @@ int roundedUpTo(int step, int value)
     return qRound(std::ceil(static_cast<double>(value) / step) * step);
 }
 
+// Slanted letters and stacked accents leave the box of their line. Ink that just fills the box
+// counts one unit, for smoothing spreads it.
+int inkReach(const QFontMetrics &metrics, const QString &text)
+{
+    int reach = 0;
+    for (const QString &line : text.split(u'\n')) {
+        const QRect ink = metrics.tightBoundingRect(line);
+        const QRect box(0, -metrics.ascent(), metrics.horizontalAdvance(line), metrics.height());
+        if (ink.isValid())
+            reach = std::max({reach, box.left() - ink.left() + 1, box.top() - ink.top() + 1,
+                              ink.right() - box.right() + 1, ink.bottom() - box.bottom() + 1});
+    }
+    return reach;
+}
+
 } // namespace
 
 TextFigure::TextFigure(const QString &text, QObject *parent, const QColor &backgroundColor)
@@ -123,6 +138,7 @@ QSize TextFigure::snapped(const QSize &size)
 
 void TextFigure::updateSize()
 {
+    m_inkReach = inkReach(QFontMetrics(m_font), m_text);
     const QSize size = applyMargin(calculateContentSize());
     setMinimumSize(size);
     setPreferredSize(size);

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformViewer.h>
 
+#include "figure/paintreach_p.h"
+
 #include <figura/figure/Figure.h>
 #include <figura/layout/PageLayout.h>
 #include <figura/view/FreeformWidget.h>
@@ -9,8 +11,6 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QScrollBar>
-
-#include <cmath>
 
 // The widget may be gone (QScrollArea hands it out), and events arrive before it is there.
 
@@ -81,18 +81,17 @@ void FreeformViewer::updateContentRect(const QRect &rect)
 }
 
 // At scale 1 whole units are whole pixels. At any other scale the nearest pixels may not hold all
-// of the rectangle, and half of a one-unit pen, which is wider than a pixel then, falls outside the
-// bounds that figures report: without the allowance a moved figure leaves a trail. One pixel more
-// covers the edge that Qt smooths or rounds differently under another clip.
+// of the rectangle.
 QRect FreeformViewer::damagedPixels(const QRect &rect) const
 {
-    const QRectF exact = m_widget->fromLogical(QRectF(rect));
-    const double scale = m_widget->getScale();
-    if (scale == 1.0 || !rect.isValid())
-        return exact.toRect();
+    if (!rect.isValid())
+        return m_widget->fromLogical(QRectF(rect)).toRect();
 
-    const int allowance = static_cast<int>(std::ceil(scale / 2.0)) + 1;
-    return exact.toAlignedRect().adjusted(-allowance, -allowance, allowance, allowance);
+    const int reach = PaintReach::Damage::reach();
+    const int more = PaintReach::pixelsAround(m_widget->getScale(), m_widget->devicePixelRatioF());
+    return m_widget->fromLogical(QRectF(rect.adjusted(-reach, -reach, reach, reach)))
+        .toAlignedRect()
+        .adjusted(-more, -more, more, more);
 }
 
 QRect &FreeformViewer::elasticBand()

@@ -1,5 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "secondturn_p.h"
+
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
 #include <figura/view/UpdateManager.h>
@@ -15,6 +17,7 @@ namespace Velmora::Figura {
 FreeformWidget::FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags)
     : QWidget(viewer, flags)
     , m_viewer(viewer)
+    , m_secondTurn(std::make_unique<SecondTurn>(this))
 {
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_MouseTracking);
@@ -35,7 +38,11 @@ void FreeformWidget::setUpdateManager(UpdateManager *manager)
 {
     if (manager == m_updateManager)
         return;
+    if (m_updateManager && m_updateManager->m_widget == this)
+        m_updateManager->m_widget = nullptr;
     m_updateManager = manager;
+    if (manager)
+        manager->m_widget = this;
     if (m_content)
         m_content->setUpdateManager(manager);
 }

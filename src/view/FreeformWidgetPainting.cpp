@@ -1,5 +1,7 @@
 #include <figura/view/FreeformWidget.h>
 
+#include "figure/paintreach_p.h"
+
 #include <figura/geometry/IStyleConstants.h>
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
@@ -11,8 +13,6 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 #include <QStyleOptionRubberBand>
-
-#include <cmath>
 
 namespace Velmora::Figura {
 
@@ -54,9 +54,8 @@ QRect FreeformWidget::optionRect(const QRect &widgetRect)
 {
     if (m_scale == 1.0)
         return toLogical(QRectF(widgetRect)).toRect();
-    const int overhang = static_cast<int>(std::ceil(m_scale / 2.0));
-    const QRect reached = widgetRect.adjusted(-overhang, -overhang, overhang, overhang);
-    return toLogical(QRectF(reached)).toAlignedRect();
+    const int more = PaintReach::pixelsAround(m_scale, devicePixelRatioF());
+    return toLogical(QRectF(widgetRect.adjusted(-more, -more, more, more))).toAlignedRect();
 }
 
 void FreeformWidget::paintContent(QPainter *painter, const QRect &widgetRect)

@@ -1,8 +1,15 @@
 #include <figura/view/UpdateManager.h>
 
+#include "figure/paintreach_p.h"
+#include "figure/revalidation_p.h"
+#include "secondturn_p.h"
+
 #include <figura/figure/Figure.h>
+#include <figura/view/FreeformWidget.h>
 
 #include <QMessageLogger>
+
+#include <utility>
 
 namespace Velmora::Figura {
 
@@ -30,6 +37,7 @@ void UpdateManager::addDirtyRegion(Figure *figure, const QRect &rect)
 
     QRect absolute = rect;
     figure->translateToAbsolute(absolute);
+    const PaintReach::Damage damage(*figure);
     m_viewer->updateContentRect(absolute);
 }
 
@@ -51,6 +59,20 @@ void UpdateManager::addInvalidFigure(Figure *figure)
     dropDestroyedFigures();
     if (!m_invalidFigures.contains(figure))
         m_invalidFigures.append(figure);
+    noteLate(figure);
+}
+
+// Whoever is still to come in the pass is in time. One that is being validated is marked valid at
+// the end, and hides the descendant that called for it.
+void UpdateManager::noteLate(Figure *figure)
+{
+    if (m_passes == 0 || m_coming.contains(figure))
+        return;
+    if (!m_late.contains(figure))
+        m_late.append(figure);
+    Figure *origin = Revalidation::origin();
+    if (figure->m_isValidating && origin && m_late.constLast() != origin)
+        m_late.append(origin);
 }
 
 void UpdateManager::performUpdate()
@@ -67,18 +89,35 @@ void UpdateManager::performUpdate()
     if (!self)
         return;
 
-    // A copy, because a layout may queue figures while we walk.
-    const QList<QPointer<Figure>> figures = m_invalidFigures;
-    for (const QPointer<Figure> &figure : figures) {
-        if (figure)
-            figure->validate();
-        if (!self)
-            return;
-    }
+    validateQueue();
+    if (self)
+        finishPass();
+}
 
-    // Figures queued while we validated are dropped on purpose: one that still needs work has to
-    // invalidate itself again, and its own repaint brings the next pass.
+void UpdateManager::validateQueue()
+{
+    const QPointer<UpdateManager> self(this);
+    ++m_passes;
+    // A copy, because a layout may queue figures while we walk.
+    m_coming = m_invalidFigures;
+    while (self && !m_coming.isEmpty()) {
+        if (const QPointer<Figure> figure = m_coming.takeFirst())
+            figure->validate();
+    }
+    if (self)
+        --m_passes;
+}
+
+// Figures queued while we validated are dropped on purpose: one that still needs work has to
+// invalidate itself again, and its own repaint brings the next pass.
+void UpdateManager::finishPass()
+{
     m_invalidFigures.clear();
+    if (m_passes > 0)
+        return;
+    const QList<QPointer<Figure>> late = std::exchange(m_late, {});
+    if (m_widget)
+        m_widget->m_secondTurn->examine(late);
 }
 
 bool UpdateManager::hasViewer(const char *operation) const

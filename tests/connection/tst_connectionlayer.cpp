@@ -48,9 +48,9 @@ protected:
     }
 };
 
-bool addTo(ConnectionLayer &layer, Figure *figure, bool withStretch)
+bool addTo(ConnectionLayer &layer, Figure *figure, bool withStretch, int index = -1)
 {
-    return withStretch ? layer.add(figure, 1U, 2U, -1) : layer.add(figure, QVariant(), -1);
+    return withStretch ? layer.add(figure, 1U, 2U, index) : layer.add(figure, QVariant(), index);
 }
 
 void addFormRows()
@@ -73,6 +73,8 @@ private Q_SLOTS:
     void constructorTakesParentAndFlag();
     void addedConnectionGetsTheRouter_data() { addFormRows(); }
     void addedConnectionGetsTheRouter();
+    void connectionMayBeAddedBelowOthers_data() { addFormRows(); }
+    void connectionMayBeAddedBelowOthers();
     void addedFloatingConnectionGetsTheRouter_data() { addFormRows(); }
     void addedFloatingConnectionGetsTheRouter();
     void layerWithoutARouterLeavesTheConnectionsOwn_data() { addFormRows(); }
@@ -127,6 +129,21 @@ void tst_ConnectionLayer::addedConnectionGetsTheRouter()
     QCOMPARE(layer.getConnectionRouter(), &router);
     QCOMPARE(connection.getConnectionRouter(), &router);
     QCOMPARE(layer.childFigures(), QList<Figure *>{&connection});
+}
+
+void tst_ConnectionLayer::connectionMayBeAddedBelowOthers()
+{
+    QFETCH(bool, withStretch);
+    PolylineConnection upper(nullptr);
+    PolylineConnection uppermost(nullptr);
+    PolylineConnection lower(nullptr);
+    ConnectionLayer layer(nullptr, false);
+    layer.add(&upper);
+    layer.add(&uppermost);
+
+    QVERIFY(addTo(layer, &lower, withStretch, 0));
+
+    QCOMPARE(layer.childFigures(), (QList<Figure *>{&lower, &upper, &uppermost}));
 }
 
 void tst_ConnectionLayer::addedFloatingConnectionGetsTheRouter()

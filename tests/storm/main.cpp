@@ -68,6 +68,10 @@ bool run(const QCommandLineParser &parser)
                             rest.value(0).toUInt(), rest.value(1).toUInt());
     if (parser.isSet(QStringLiteral("replay")))
         return explainFile(parser.value(QStringLiteral("replay")));
+    if (parser.isSet(QStringLiteral("episode")))
+        return explain(generate(requestFrom(parser).firstSeed,
+                                parser.value(QStringLiteral("episode")).toUInt(),
+                                operationsPerEpisode));
     if (parser.isSet(QStringLiteral("bytes")))
         return explainBytes(parser.value(QStringLiteral("bytes")));
     if (parser.isSet(QStringLiteral("corpus")))
@@ -95,6 +99,7 @@ int main(int argc, char *argv[])
                       QStringLiteral("10000")});
     parser.addOption(
         option("replay", "Runs a list of operations; one that fails is shrunk.", "file"));
+    parser.addOption(option("episode", "Runs one episode of a seed.", "number"));
     parser.addOption(option("bytes", "The same with an input of the fuzzer.", "file"));
     parser.addOption(option("corpus", "Writes inputs for the fuzzer to begin with.", "directory"));
     parser.addOption(

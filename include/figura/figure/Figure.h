@@ -271,6 +271,8 @@ protected:
 
 private:
     friend class FreeformWidget; // hands the root figure its update manager
+    friend class PaintReach;     // keeps account of m_reach
+    friend class UpdateManager;  // asks for m_isValidating
 
     void setUpdateManager(UpdateManager *manager);
     QPoint clientOffset();
@@ -285,6 +287,7 @@ private:
     QSize m_maximumSize{0x7FFFFFF, 0x7FFFFFF};
     QSize m_preferredSize; // what the application set, and the cache of what was computed last
     int m_margin = 0;
+    int m_reach = 0; // how far it may have painted beyond its bounding rectangle
     QRect m_bounds;
     quint32 m_flags = FLAG_VISIBLE | FLAG_ENABLED;
     QColor m_backgroundColor;
@@ -296,6 +299,7 @@ private:
     std::unique_ptr<ListenerConnections> m_ancestorConnections;
     std::unique_ptr<ListenerConnections> m_propertyConnections;
     bool m_clientAreaHighlighted = false;
+    bool m_isValidating = false;
     int m_highlightStyle = IStyleConstants::HIGHLIGHT_RUBBERBAND;
 };
 

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QVariant>
 
 namespace Velmora::Figura {
@@ -127,6 +128,8 @@ protected:
     unsigned int destroyedChildCount() const;
 
 private:
+    friend class PaintReach; // keeps account of m_unclipped
+
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
     void enlist(Figure *child, const LayoutHelper &record, int index);
     QMetaObject::Connection dismiss(Figure *child);
@@ -141,6 +144,7 @@ private:
     QSize m_minimumSize;
     bool m_laidOut = false;
     QList<Figure *> m_children;
+    QRect m_unclipped; // what the children may paint, in their coordinates; none while clipped
     QHash<Figure *, LayoutHelper *> m_helpers;
     QList<ILayoutListener *> m_listeners;
     unsigned int m_destroyedChildren = 0;

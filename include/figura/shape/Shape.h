@@ -82,6 +82,8 @@ protected:
     void clipToPath(QPainter *painter) const; ///< Narrows the clip, unless the path is empty.
 
 private:
+    friend class PaintReach; // measures the path
+
     struct Colors
     {
         QColor pen;

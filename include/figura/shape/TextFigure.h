@@ -42,6 +42,8 @@ protected:
     void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
+    friend class PaintReach; // asks for m_inkReach
+
     QSize snapped(const QSize &size);
     void updateSize();
 
@@ -51,6 +53,7 @@ private:
     int m_indent = 0;
     QColor m_textColor;
     int m_gridStep = 5;
+    int m_inkReach = 0; // how far glyphs stick out of the box that the font reserves for them
     bool m_snapToGrid = false;
 };
 

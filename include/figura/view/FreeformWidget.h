@@ -8,6 +8,8 @@
 #include <QTransform>
 #include <QWidget>
 
+#include <memory>
+
 class QPrinter;
 
 namespace Velmora::Figura {
@@ -16,6 +18,7 @@ class Figure;
 class FreeformLayeredPane;
 class FreeformViewer;
 class Layer;
+class SecondTurn;
 class UpdateManager;
 
 /// The inner widget of a FreeformViewer: shows a figure tree, validates it before every paint, and
@@ -113,6 +116,7 @@ protected:
 
 private:
     friend class FreeformViewer;
+    friend class UpdateManager; // hands over what a pass has dropped
 
     void setTransformation(double originX, double originY, double scale);
     double clampedScale(double scale) const;
@@ -151,6 +155,7 @@ private:
     QRect m_savedBounds;
     QTransform m_toWidget;
     QTransform m_toLogical;
+    const std::unique_ptr<SecondTurn> m_secondTurn;
 };
 
 } // namespace Velmora::Figura

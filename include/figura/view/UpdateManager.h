@@ -11,6 +11,7 @@
 namespace Velmora::Figura {
 
 class Figure;
+class FreeformWidget;
 
 /// Queues figures for validation until the next paint, and passes damage on to the viewer at once.
 ///
@@ -37,17 +38,27 @@ public:
     void addInvalidFigure(Figure *figure) override;  ///< Queues once; null is refused.
 
     /// Validates the queued figures in the order of their arrival and empties the queue. Figures
-    /// queued meanwhile are dropped.
+    /// queued meanwhile are dropped; the widget of the viewer lets those that are still invalid
+    /// revalidate once on a later turn of the event loop.
     void performUpdate() override;
 
 Q_SIGNALS:
     void aboutToValidate(IFigureViewer *pFigureViewer); ///< Only when something is queued.
 
 private:
+    friend class FreeformWidget; // looks after what a pass has dropped
+
     bool hasViewer(const char *operation) const;
     void dropDestroyedFigures();
+    void validateQueue();
+    void noteLate(Figure *figure);
+    void finishPass();
 
     QList<QPointer<Figure>> m_invalidFigures;
+    QList<QPointer<Figure>> m_coming; // what is left of the present pass
+    QList<QPointer<Figure>> m_late;   // what called for validation too late for it
+    int m_passes = 0;                 // under way, one inside the other
+    QPointer<FreeformWidget> m_widget;
     IFigureViewer *m_viewer = nullptr;
 };
 

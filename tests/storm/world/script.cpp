@@ -56,7 +56,7 @@ std::optional<Script> fromText(const QByteArray &text)
     Script script;
     const QList<QByteArray> lines = text.split('\n');
     for (const QByteArray &line : lines) {
-        const QByteArray content = line.left(line.indexOf('#')).trimmed();
+        const QByteArray content = line.split('#').first().trimmed();
         if (content.isEmpty())
             continue;
         const std::optional<Operation> operation = operationFrom(content);
@@ -87,10 +87,11 @@ Script decode(const QByteArray &bytes)
     Script script;
     for (qsizetype i = 0; i < bytes.size();) {
         Operation operation{static_cast<uchar>(bytes.at(i++)) % int(catalogue().size()), {}};
-        const int arity = catalogue().at(operation.code).arity;
-        for (int k = 0; k < arity && i < bytes.size(); ++k)
+        const Entry &entry = catalogue().at(operation.code);
+        for (int k = 0; k < entry.arity && i < bytes.size(); ++k)
             operation.numbers.append(static_cast<uchar>(bytes.at(i++)));
-        script.append(operation);
+        if (entry.weight > 0)
+            script.append(operation);
     }
     return script;
 }

@@ -81,29 +81,41 @@ QImage Stage::screen() const
     return comparable(m_viewer->screen()->grabWindow(m_viewer->winId()));
 }
 
-QImage Stage::full() const
+QImage Stage::full()
 {
+    const QScopedValueRollback<bool> recording(m_recording, false);
     return comparable(m_viewer->grab());
 }
 
-// Qt rounds a slanted edge differently under another clip.
-bool Stage::isExcused(const QPoint &pixel, QRgb color) const
+// As large as the clip.
+QImage Stage::paintedUnder(const QRegion &clip) const
 {
     const double ratio = m_viewer->devicePixelRatioF();
+    QImage image(clip.boundingRect().size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    widget()->render(&image, QPoint(), clip);
+    return image;
+}
+
+// Qt rounds a slanted edge differently under another clip.
+QList<QPoint> Stage::withoutExcuse(const QList<QPoint> &pixels, const QImage &screen)
+{
+    const QScopedValueRollback<bool> recording(m_recording, false);
+    const double ratio = m_viewer->devicePixelRatioF();
     const QPoint corner = widget()->mapTo(m_viewer, QPoint());
-    const QPoint point = (QPointF(pixel) / ratio).toPoint() - corner;
-    for (const QRegion &paint : m_paints) {
-        if (!paint.contains(point))
-            continue;
-        const QRect area = paint.boundingRect();
-        QImage image(area.size() * ratio, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        widget()->render(&image, QPoint(), paint);
-        const QPoint inside = pixel - (QPointF(corner + area.topLeft()) * ratio).toPoint();
-        if (image.rect().contains(inside) && image.pixel(inside) == color)
-            return true;
+    QList<QPoint> left = pixels;
+    for (const QRegion &paint : std::as_const(m_paints)) {
+        if (left.isEmpty())
+            break;
+        const QImage image = paintedUnder(paint);
+        const QPointF origin = QPointF(corner + paint.boundingRect().topLeft()) * ratio;
+        left.removeIf([&](const QPoint &pixel) {
+            const QPoint inside = pixel - origin.toPoint();
+            return paint.contains((QPointF(pixel) / ratio).toPoint() - corner) &&
+                   image.rect().contains(inside) && image.pixel(inside) == screen.pixel(pixel);
+        });
     }
-    return false;
+    return left;
 }
 
 void Stage::forgetPaints()
@@ -113,7 +125,7 @@ void Stage::forgetPaints()
 
 bool Stage::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Paint && watched == widget()) {
+    if (event->type() == QEvent::Paint && watched == widget() && m_recording) {
         m_paints.append(static_cast<QPaintEvent *>(event)->region());
         if (m_paints.size() > rememberedPaints)
             m_paints.removeFirst();

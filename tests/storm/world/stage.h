@@ -32,19 +32,22 @@ public:
     bool isHandlingEvents() const { return m_settling; }
 
     QImage screen() const; ///< What the window shows, without asking it to paint.
-    QImage full() const;   ///< The same painted anew.
+    QImage full();         ///< The same painted anew.
 
-    /// Whether Qt alone can have made the difference at a pixel: the present state, painted under
-    /// the clip of a former paint event, gives the pixel that the screen shows.
-    bool isExcused(const QPoint &pixel, QRgb color) const;
+    /// The pixels of the screen whose difference cannot be Qt's own: the present state, painted
+    /// under the clip of a former paint event, does not give the colour that the screen shows.
+    QList<QPoint> withoutExcuse(const QList<QPoint> &pixels, const QImage &screen);
     void forgetPaints(); ///< The screen is known to be right.
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QImage paintedUnder(const QRegion &clip) const;
+
     QPointer<FreeformViewer> m_viewer;
     QList<QRegion> m_paints; // regions of the widget, the latest last
     bool m_settling = false;
+    bool m_recording = true; // what is painted to judge the screen does not count
 };
 
 } // namespace Velmora::Figura::Storm

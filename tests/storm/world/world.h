@@ -49,7 +49,8 @@ public:
     void catchNext(Moment moment) { m_traps.arm(moment); }
     void happens(Moment moment); ///< Runs what waits for the moment.
 
-    void settle(); ///< Lets all that is pending come to rest.
+    void settle();                            ///< Lets all that is pending come to rest.
+    void checkAtRest(void (*check)(World &)); ///< Runs nothing that waits meanwhile.
 
     /// What is wrong, for whoever runs the storm. The first report stays.
     void report(const QByteArray &check, const QByteArray &text);

@@ -38,9 +38,7 @@ QByteArray describe(const QList<QPoint> &points)
 
 void checkDifferences(World &world, const QImage &screen, const QImage &full)
 {
-    QList<QPoint> stale = differences(screen, full);
-    stale.removeIf(
-        [&](const QPoint &point) { return world.stage.isExcused(point, screen.pixel(point)); });
+    const QList<QPoint> stale = world.stage.withoutExcuse(differences(screen, full), screen);
     if (!stale.isEmpty())
         world.report("picture", describe(stale));
 }

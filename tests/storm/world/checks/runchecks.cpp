@@ -9,7 +9,7 @@ void runChecks(World &world)
     for (const auto check :
          {checkTree, checkValidity, checkReservations, checkHitTest, checkPicture}) {
         if (!world.hasFault())
-            check(world);
+            world.checkAtRest(check);
     }
     world.recover();
     world.settle();

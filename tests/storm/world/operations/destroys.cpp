@@ -78,7 +78,7 @@ void destroyPageLayout(World &world, Numbers &numbers)
 
 void destroyManager(World &world, Numbers &)
 {
-    delete world.updateManager();
+    destroy(world, world.updateManager()); // without one nothing is painted
 }
 
 void destroyWidget(World &world, Numbers &)

@@ -104,6 +104,7 @@ void changeManager(World &world, Numbers &)
 {
     if (FreeformViewer *viewer = world.stage.viewer())
         viewer->setUpdateManager(new UpdateWatch(world));
+    world.stage.askForFullRepaint(); // what the former one had queued is lost
 }
 
 void openViewer(World &world, Numbers &)

@@ -1,0 +1,226 @@
+#include <checks.h>
+#include <play.h>
+#include <probe.h>
+#include <watchedrouter.h>
+#include <world.h>
+
+#include <figura/connection/PolylineConnection.h>
+#include <figura/connection/XYAnchor.h>
+
+#include <QTest>
+
+using namespace Velmora::Figura;
+using namespace Velmora::Figura::Storm;
+
+namespace {
+
+Layer *anyLayer(World &world)
+{
+    return qobject_cast<Layer *>(world.content()->childFigures().first());
+}
+
+/// Is not found, although it holds the point.
+class BlindFigure : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+    Figure *findFigureAt(int, int, const ITreeSearch &) const override { return nullptr; }
+};
+
+/// Changes its colour without a word.
+class Chameleon : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+    QColor color = Qt::red;
+
+protected:
+    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        painter->fillRect(option.rect, color);
+    }
+};
+
+/// Keeps the lines of connections that have left it.
+class GreedyRouter : public WatchedRouter
+{
+public:
+    void remove(IConnection *) override {}
+};
+
+/// Refuses to become valid.
+class LazyFigure : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+    void validate() override {}
+};
+
+template<class T>
+T *addTo(World &world, const QRect &bounds)
+{
+    auto *figure = world.adopt(new T(world));
+    anyLayer(world)->add(figure, bounds);
+    return figure;
+}
+
+void leaveParent(World &world)
+{
+    auto *figure = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    figure->setParentFigure(nullptr);
+}
+
+void stayAttached(World &world)
+{
+    auto *figure = world.adopt(new Probed<Figure>(world));
+    figure->addNotify();
+}
+
+void hideFromSearches(World &world)
+{
+    addTo<BlindFigure>(world, QRect(0, 0, 90, 90));
+}
+
+void changeColor(World &world)
+{
+    auto *figure = addTo<Chameleon>(world, QRect(10, 10, 30, 20));
+    world.settle();
+    figure->color = Qt::blue;
+}
+
+void keepLines(World &world)
+{
+    auto *router = new GreedyRouter;
+    world.routers.add(router);
+    auto *connection = world.adopt(new Probed<PolylineConnection>(world));
+    connection->setSourceAnchor(new XYAnchor(QPoint(20, 20), connection));
+    connection->setTargetAnchor(new XYAnchor(QPoint(120, 90), connection));
+    connection->setConnectionRouter(router);
+    anyLayer(world)->add(connection);
+    world.settle();
+    connection->setConnectionRouter(nullptr);
+}
+
+void stayInvalid(World &world)
+{
+    addTo<LazyFigure>(world, QRect(10, 10, 30, 20));
+}
+
+void grumble(World &)
+{
+    qWarning("QStorm: something is odd");
+}
+
+} // namespace
+
+class tst_StormChecks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+
+    void newWorldIsFlawless();
+    void flawIsNoticed_data();
+    void flawIsNoticed();
+    void firstFaultStays();
+    void operationWaitsForItsMoment();
+    void whatWaitsIsNotRunBetweenChecks();
+    void destroyedViewerIsMadeAnew();
+};
+
+void tst_StormChecks::newWorldIsFlawless()
+{
+    QByteArray fault;
+    World world(fault);
+
+    runChecks(world);
+
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::flawIsNoticed_data()
+{
+    QTest::addColumn<void (*)(World &)>("spoil");
+    QTest::addColumn<QByteArray>("kind");
+    QTest::newRow("a child without its parent") << &leaveParent << QByteArray("tree");
+    QTest::newRow("attached to nothing") << &stayAttached << QByteArray("tree");
+    QTest::newRow("hidden from searches") << &hideFromSearches << QByteArray("hit test");
+    QTest::newRow("painted anew by nobody") << &changeColor << QByteArray("picture");
+    QTest::newRow("lines of a former connection") << &keepLines << QByteArray("reservations");
+    QTest::newRow("never valid") << &stayInvalid << QByteArray("validity");
+    QTest::newRow("a warning of Qt") << &grumble << QByteArray("message");
+}
+
+void tst_StormChecks::flawIsNoticed()
+{
+    QFETCH(void (*)(World &), spoil);
+    QFETCH(QByteArray, kind);
+    QByteArray fault;
+    World world(fault);
+
+    spoil(world);
+    runChecks(world);
+
+    QVERIFY2(fault.startsWith(kind + ": "), fault.constData());
+}
+
+void tst_StormChecks::firstFaultStays()
+{
+    QByteArray fault;
+    World world(fault);
+
+    world.report("first", "one");
+    world.report("second", "two");
+
+    QCOMPARE(fault, QByteArray("first: one"));
+}
+
+void tst_StormChecks::operationWaitsForItsMoment()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    world.catchNext(Moment::Moved);
+    world.perform(Operation{codeOf("complain"), {7}});
+    QCOMPARE(fault, QByteArray());
+
+    figure->setBounds(QRect(20, 10, 30, 20));
+
+    QCOMPARE(fault, QByteArray("complaint: 7"));
+}
+
+void tst_StormChecks::whatWaitsIsNotRunBetweenChecks()
+{
+    QByteArray fault;
+    World world(fault);
+    addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    world.settle();
+    world.catchNext(Moment::Draw);
+    world.perform(Operation{codeOf("complain"), {7}});
+
+    runChecks(world); // paints all figures
+
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::destroyedViewerIsMadeAnew()
+{
+    QByteArray fault;
+    World world(fault);
+    FreeformLayeredPane *pane = world.content();
+
+    world.perform(Operation{codeOf("destroyViewer"), {}});
+    QVERIFY(!world.stage.viewer());
+    runChecks(world);
+
+    QVERIFY(world.stage.viewer());
+    QCOMPARE(world.content(), pane);
+    QCOMPARE(fault, QByteArray());
+}
+
+QTEST_MAIN(tst_StormChecks)
+#include "tst_storm_checks.moc"
