@@ -90,7 +90,8 @@ int main(int argc, char **argv)
 
     FreeformViewer viewer;
     viewer.setContent(&pane);
-    pane.setFreeformBounds(pane.getFreeformExtent()); // a viewer that is on the screen sees to that
+    // A viewer that is on the screen sees to the bounds of its content; this one never gets there.
+    pane.setFreeformBounds(pane.getFreeformExtent().adjusted(-10, -10, 10, 10));
     TitledPage page;
     viewer.setPageLayout(&page);
     viewer.setXYMargins(10, 10);

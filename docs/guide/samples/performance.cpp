@@ -9,7 +9,7 @@ namespace GuideSamples {
 QImage manyFigures()
 {
     FreeformLayeredPane pane;
-    // The extent is computed once in the end, not at the move of each figure.
+    // The extent is asked for in the end, not looked after at the move of each figure.
     auto *layer = new FreeformLayer(&pane, false);
     pane.addLayer(layer, QStringLiteral("figures"));
     for (int row = 0; row < 100; ++row) {
