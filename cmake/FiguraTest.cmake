@@ -53,3 +53,36 @@ function(figura_set_test_environment name)
         ${name} PROPERTIES ENVIRONMENT "${FIGURA_TEST_ENVIRONMENT}" TIMEOUT 300
     )
 endfunction()
+
+find_program(XVFB_RUN xvfb-run)
+mark_as_advanced(XVFB_RUN)
+
+# figura_add_gui_variants(tst_name...)
+#
+# The same programs once more where a unit has another number of pixels, and, as a single test, one
+# after the other on a real X server, where windows are exposed, flushed and read back in earnest.
+# Starting that server takes longer than most of the programs.
+function(figura_add_gui_variants)
+    foreach(name IN LISTS ARGN)
+        foreach(factor 1.5 2)
+            add_test(NAME ${name}_at_${factor} COMMAND ${name})
+            figura_set_test_environment(${name}_at_${factor})
+            set_property(
+                TEST ${name}_at_${factor} APPEND PROPERTY ENVIRONMENT QT_SCALE_FACTOR=${factor}
+            )
+        endforeach()
+        list(APPEND programs $<TARGET_FILE:${name}>)
+    endforeach()
+
+    if(XVFB_RUN)
+        get_filename_component(group ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+        list(JOIN programs "|" programs)
+        add_test(
+            NAME ${group}_on_x11
+            COMMAND ${XVFB_RUN} -a ${CMAKE_COMMAND} "-DPROGRAMS=${programs}" -P
+                    ${PROJECT_SOURCE_DIR}/cmake/RunPrograms.cmake
+        )
+        figura_set_test_environment(${group}_on_x11)
+        set_property(TEST ${group}_on_x11 APPEND PROPERTY ENVIRONMENT QT_QPA_PLATFORM=xcb)
+    endif()
+endfunction()

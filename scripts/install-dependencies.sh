@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests also what only the tests need, with --docs what makes the reference.
+# missing; with --tests also what only the tests need, with --fuzz what the fuzzer needs, with
+# --coverage what measures them, with --docs what makes the reference.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -12,8 +13,9 @@ packages=(
 )
 for purpose in "$@"; do
     case $purpose in
-    --tests) packages+=(clang-format graphviz-doc poppler-utils) ;;
+    --tests) packages+=(clang-format graphviz-doc poppler-utils xauth xvfb) ;;
     --coverage) packages+=(gcovr) ;;
+    --fuzz) packages+=(clang libclang-rt-dev) ;;
     --docs) packages+=(doxygen graphviz) ;;
     *) die "unknown argument $purpose" ;;
     esac

@@ -14,6 +14,8 @@ using namespace Velmora::Figura::Storm;
 
 namespace {
 
+using Spoiler = void (*)(World &);
+
 Layer *anyLayer(World &world)
 {
     return qobject_cast<Layer *>(world.content()->childFigures().first());
@@ -144,20 +146,21 @@ void tst_StormChecks::newWorldIsFlawless()
 
 void tst_StormChecks::flawIsNoticed_data()
 {
-    QTest::addColumn<void (*)(World &)>("spoil");
+    QTest::addColumn<Spoiler>("spoil");
     QTest::addColumn<QByteArray>("kind");
-    QTest::newRow("a child without its parent") << &leaveParent << QByteArray("tree");
-    QTest::newRow("attached to nothing") << &stayAttached << QByteArray("tree");
-    QTest::newRow("hidden from searches") << &hideFromSearches << QByteArray("hit test");
-    QTest::newRow("painted anew by nobody") << &changeColor << QByteArray("picture");
-    QTest::newRow("lines of a former connection") << &keepLines << QByteArray("reservations");
-    QTest::newRow("never valid") << &stayInvalid << QByteArray("validity");
-    QTest::newRow("a warning of Qt") << &grumble << QByteArray("message");
+    QTest::newRow("a child without its parent") << Spoiler(leaveParent) << QByteArray("tree");
+    QTest::newRow("attached to nothing") << Spoiler(stayAttached) << QByteArray("tree");
+    QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
+    QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
+    QTest::newRow("lines of a former connection")
+        << Spoiler(keepLines) << QByteArray("reservations");
+    QTest::newRow("never valid") << Spoiler(stayInvalid) << QByteArray("validity");
+    QTest::newRow("a warning of Qt") << Spoiler(grumble) << QByteArray("message");
 }
 
 void tst_StormChecks::flawIsNoticed()
 {
-    QFETCH(void (*)(World &), spoil);
+    QFETCH(Spoiler, spoil);
     QFETCH(QByteArray, kind);
     QByteArray fault;
     World world(fault);

@@ -19,6 +19,13 @@ inline QImage paintedImage(const QSize &size, const std::function<void(QPainter 
     return image;
 }
 
+/// The colour at a point of the widget that was grabbed, however many pixels a unit has there.
+inline QColor colorAt(const QImage &grab, const QPoint &point)
+{
+    const QPointF middle = (QPointF(point) + QPointF(0.5, 0.5)) * grab.devicePixelRatio();
+    return grab.pixelColor(int(middle.x()), int(middle.y()));
+}
+
 /// How many pixels inside \a area have exactly this colour.
 inline int countPixels(const QImage &image, const QColor &color, const QRect &area)
 {

@@ -1,6 +1,7 @@
 #include "scene.h"
 
 #include <fakeviewer.h>
+#include <pixels.h>
 
 #include <QPainter>
 #include <QProxyStyle>
@@ -152,7 +153,7 @@ bool isAll(const QImage &image, const QColor &color)
 
 QColor colorOf(const QImage &image, int x, int y)
 {
-    return image.pixelColor(x, y);
+    return colorAt(image, QPoint(x, y));
 }
 
 // At scale 2, with the point at origin at (-50, -50): 1400 x 1000 pixels.
@@ -426,7 +427,7 @@ void tst_FreeformWidgetPainting::figuresAreScaledAndMoved()
 
     const QImage image = scene.widget()->grab().toImage();
 
-    QCOMPARE(image.size(), QSize(1400, 1000));
+    QCOMPARE(image.deviceIndependentSize(), QSizeF(1400, 1000));
     QCOMPARE(colorOf(image, 120, 120), QColor(Qt::red));
     QCOMPARE(colorOf(image, 159, 129), QColor(Qt::red));
     QCOMPARE(colorOf(image, 119, 120), QColor(Qt::white));

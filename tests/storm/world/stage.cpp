@@ -43,7 +43,7 @@ void Stage::open()
 
 void Stage::close()
 {
-    forgetPaints();
+    m_paints.clear();
     delete m_viewer;
 }
 
@@ -120,7 +120,7 @@ QList<QPoint> Stage::withoutExcuse(const QList<QPoint> &pixels, const QImage &sc
 
 void Stage::forgetPaints()
 {
-    m_paints.clear();
+    m_paints = {widget()->visibleRegion()};
 }
 
 bool Stage::eventFilter(QObject *watched, QEvent *event)

@@ -37,7 +37,7 @@ public:
     /// The pixels of the screen whose difference cannot be Qt's own: the present state, painted
     /// under the clip of a former paint event, does not give the colour that the screen shows.
     QList<QPoint> withoutExcuse(const QList<QPoint> &pixels, const QImage &screen);
-    void forgetPaints(); ///< The screen is known to be right.
+    void forgetPaints(); ///< The screen is known to be right: as if painted at once.
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

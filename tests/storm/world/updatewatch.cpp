@@ -67,7 +67,8 @@ void UpdateWatch::promise(Figure *figure)
 {
     if (isValid(figure) || !becomesValid(figure))
         return;
-    m_promises.append(Promise{figure, figure->getParentFigure()});
+    Figure *parent = figure->getParentFigure();
+    m_promises.append(Promise{figure, parent, parent != nullptr});
     const QList<Figure *> children = figure->childFigures();
     for (Figure *child : children)
         promise(child);
@@ -79,8 +80,10 @@ bool UpdateWatch::isBroken(const Promise &promise) const
     Figure *figure = promise.figure;
     if (!figure || isValid(figure) || m_invalidated.contains(figure) || !isProbed(figure))
         return false;
-    return figure->getParentFigure() == promise.parent &&
-           (!promise.parent || isValid(promise.parent));
+    if (!promise.hasParent)
+        return true;
+    return promise.parent && figure->getParentFigure() == promise.parent &&
+           isValid(promise.parent);
 }
 
 void UpdateWatch::reportBroken()

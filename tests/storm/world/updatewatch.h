@@ -30,6 +30,7 @@ private:
     {
         QPointer<Figure> figure;
         QPointer<Figure> parent;
+        bool hasParent;
     };
 
     struct Drop

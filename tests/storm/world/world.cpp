@@ -96,8 +96,10 @@ void World::recover()
 {
     if (!stage.viewer() || !stage.widget())
         openViewer();
-    if (!updateManager())
+    if (!updateManager()) {
         stage.viewer()->setUpdateManager(new UpdateWatch(*this));
+        stage.askForFullRepaint();
+    }
     ensureContent();
 }
 
@@ -141,11 +143,15 @@ void World::happens(Moment moment)
         run(*operation);
 }
 
-// What still waits may go on for ever, so it has one chance.
+// What still waits may go on for ever, so it has one chance. What is queued while nothing is painted
+// waits for the next paint, as documented; a program that cannot wait asks for the update itself.
 void World::settle()
 {
     stage.settle();
     const QScopedValueRollback<bool> quiet(m_quiet, true);
+    stage.settle();
+    if (UpdateWatch *manager = updateManager())
+        manager->performUpdate();
     stage.settle();
 }
 
@@ -209,12 +215,30 @@ FreeformLayeredPane *World::ensureContent()
 {
     if (content() || !stage.viewer())
         return content();
+    FreeformLayeredPane *pane = nullptr;
+    for (FreeformLayeredPane *candidate : panes.all()) {
+        if (!pane && !candidate->getParentFigure())
+            pane = candidate;
+    }
+    showContent(pane ? pane : makePane());
+    return content();
+}
+
+FreeformLayeredPane *World::makePane()
+{
     auto *pane = adopt(new Probed<FreeformLayeredPane>(*this));
     panes.add(pane);
     for (int i = 0; i < 2; ++i)
         pane->addLayer(adopt(new Probed<FreeformLayer>(*this, i ? nullptr : pane)), newKey());
-    stage.viewer()->setContent(pane);
     return pane;
+}
+
+// A content is as large as its own bounds say, and has none before somebody looks at it.
+void World::showContent(FreeformLayeredPane *pane)
+{
+    stage.viewer()->setContent(pane);
+    stage.viewer()->setViewLocation(QPoint(-10, -10));
+    stage.askForFullRepaint();
 }
 
 UpdateWatch *World::updateManager() const

@@ -64,7 +64,9 @@ public:
     Figure *pickContainer(Numbers &numbers) const; ///< One that takes children.
     Figure *pickMovable(Numbers &numbers) const;   ///< One that is no layer.
     FreeformLayeredPane *content() const;
-    FreeformLayeredPane *ensureContent(); ///< Makes a pane with two layers where there is none.
+    FreeformLayeredPane *ensureContent(); ///< Shows a pane where none is shown.
+    FreeformLayeredPane *makePane();      ///< With two layers.
+    void showContent(FreeformLayeredPane *pane);
     UpdateWatch *updateManager() const;
     void openViewer();
     void recover(); ///< Makes what is needed to go on and was destroyed.

@@ -19,9 +19,7 @@ constexpr int settlingTurns = 4;
 
 QImage comparable(const QImage &image)
 {
-    QImage copy = image.convertToFormat(QImage::Format_RGB32);
-    copy.setDevicePixelRatio(1.0);
-    return copy;
+    return image.convertToFormat(QImage::Format_RGB32);
 }
 
 QList<QPoint> differences(const QImage &a, const QImage &b)
@@ -106,8 +104,8 @@ void PixelStage::settle()
 QString PixelStage::stalePixels()
 {
     settle();
-    const QImage present = screen();
     const QImage wanted = full();
+    const QImage present = screen();
     if (present.size() != wanted.size())
         return QStringLiteral("the window has another size");
 
@@ -120,7 +118,7 @@ QImage PixelStage::screen() const
 {
     const QPaintDevice *device = viewer.backingStore()->paintDevice();
     const bool isImage = device->devType() == QInternal::Image;
-    return isImage ? comparable(static_cast<const QImage *>(device)->copy()) : QImage();
+    return isImage ? comparable(*static_cast<const QImage *>(device)) : QImage();
 }
 
 QImage PixelStage::full()

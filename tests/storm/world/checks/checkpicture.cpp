@@ -47,7 +47,7 @@ void checkDifferences(World &world, const QImage &screen, const QImage &full)
 
 void checkPicture(World &world)
 {
-    if (!world.stage.viewer())
+    if (!world.stage.widget())
         return;
     const QImage screen = world.stage.screen();
     const QImage full = world.stage.full();

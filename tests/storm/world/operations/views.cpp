@@ -1,5 +1,5 @@
-#include "../probe.h"
 #include "../updatewatch.h"
+#include "../world.h"
 
 #include <figura/view/FreeformWidget.h>
 
@@ -9,6 +9,8 @@
 
 namespace Velmora::Figura::Storm {
 namespace {
+
+constexpr int mostFigures = 70;
 
 void highlightView(World &world, Numbers &numbers)
 {
@@ -84,20 +86,14 @@ void click(World &world, Numbers &numbers)
 void switchContent(World &world, Numbers &numbers)
 {
     FreeformLayeredPane *pane = world.panes.pick(numbers);
-    if (!world.stage.viewer() || !pane || pane->getParentFigure())
-        return;
-    world.stage.viewer()->setContent(pane);
-    world.stage.askForFullRepaint();
+    if (world.stage.viewer() && pane && !pane->getParentFigure())
+        world.showContent(pane);
 }
 
-void addPane(World &world, Numbers &numbers)
+void addPane(World &world, Numbers &)
 {
-    if (world.figures.isFull(70))
-        return;
-    auto *pane = world.adopt(new Probed<FreeformLayeredPane>(world));
-    world.panes.add(pane);
-    pane->addLayer(world.adopt(new Probed<FreeformLayer>(world, numbers.coin() ? pane : nullptr)),
-                   world.newKey());
+    if (!world.figures.isFull(mostFigures))
+        world.makePane();
 }
 
 void changeManager(World &world, Numbers &)
@@ -112,7 +108,7 @@ void openViewer(World &world, Numbers &)
     const QPointer<FreeformLayeredPane> pane(world.content());
     world.openViewer();
     if (pane)
-        world.stage.viewer()->setContent(pane);
+        world.showContent(pane);
     world.settle();
 }
 
@@ -130,7 +126,7 @@ QList<Entry> viewOperations()
         {"setGround", 2, 2, Place::OutsidePaint, setGround},
         {"click", 3, 4, Place::OutsidePaint, click},
         {"switchContent", 1, 3, Place::OutsidePaint, switchContent},
-        {"addPane", 1, 2, Place::Anywhere, addPane},
+        {"addPane", 0, 2, Place::Anywhere, addPane},
         {"changeManager", 0, 2, Place::OutsidePaint, changeManager},
         {"openViewer", 0, 2, Place::OutsideEvents, openViewer},
     };
