@@ -13,7 +13,7 @@ find_formatter()
 
 list_sources()
 {
-    find include src tests examples fuzz -type f \( -name '*.h' -o -name '*.cpp' \) -print0
+    find include src tests examples docs fuzz -type f \( -name '*.h' -o -name '*.cpp' \) -print0
 }
 
 formatter=$(find_formatter)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are needed to build and to run the demo, as far as they are
-# missing; with --tests, --coverage, --fuzz, --bench, --clang, --package and --abi also what only
-# these need.
+# missing; with --tests, --coverage, --fuzz, --bench, --clang, --package, --abi and --docs also what
+# only these need.
 # shellcheck source-path=SCRIPTDIR source=common.sh
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -20,6 +20,7 @@ for purpose in "$@"; do
     --clang) packages+=(clang clang-tidy) ;;
     --package) packages+=(lintian dpkg-dev file gzip) ;;
     --abi) packages+=(abigail-tools binutils) ;;
+    --docs) packages+=(doxygen graphviz) ;;
     *) die "unknown argument $purpose" ;;
     esac
 done

@@ -1,8 +1,8 @@
 #include <figura/layout/Layout.h>
 
+#include "areawalk_p.h"
 #include "childtable_p.h"
 #include "constraint_p.h"
-#include "areawalk_p.h"
 #include "figure/childwalk_p.h"
 #include "figure/hadparent_p.h"
 #include "figure/ownclass_p.h"

@@ -32,7 +32,7 @@ struct ChildRecord
     Figure *const figure;
     Layout *const layout;
     ChildRecord *next = nullptr; // the figure's record in another layout
-    quint64 joined = 0; ///< When the child came in: the same for no other record.
+    quint64 joined = 0;          ///< When the child came in: the same for no other record.
     int slot = -1;
     std::array<int, 5> positions; // in the list of each kind of pending work; last: foreign ones
     Class classification = Class::Unknown;

@@ -26,8 +26,7 @@ bool ExtentTree::update(ChildTable &table)
 {
     const ChildTable::Batch batch = table.take(Pending::Extent);
     const std::vector<int> emptied = table.takeEmptiedSlots();
-    if (batch.all || m_numbering != table.numbering() ||
-        table.endSlot() - m_firstSlot > m_leaves) {
+    if (batch.all || m_numbering != table.numbering() || table.endSlot() - m_firstSlot > m_leaves) {
         rebuild(table);
         return m_unclearCount == 0;
     }

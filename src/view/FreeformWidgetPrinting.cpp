@@ -33,6 +33,15 @@ QTransform pageTransform(const QRect &area, const QRectF &page, double factor)
     return toLogical.inverted();
 }
 
+// Qt's PDF engine is not told of a pen that equals the painter's first one: what is outlined with
+// it comes out in a hairline. Another pen in between makes it listen.
+void announcePen(QPainter *painter)
+{
+    const QPen pen = painter->pen();
+    painter->setPen(Qt::NoPen);
+    painter->setPen(pen);
+}
+
 bool hasFailed(const QPrinter *printer)
 {
     const QPrinter::PrinterState state = printer->printerState();
@@ -64,8 +73,10 @@ void FreeformWidget::print(QPrinter *printer, const QString &layerName, const QR
 
     painter.save();
     painter.setTransform(pageTransform(area, page, factor));
-    if (self)
+    if (self) {
+        announcePen(&painter);
         printContent(&painter, layer, area);
+    }
     painter.restore();
     if (pageLayout)
         pageLayout->decoratePage(&painter, QVariant());

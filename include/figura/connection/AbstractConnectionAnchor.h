@@ -19,6 +19,7 @@ class FIGURA_EXPORT AbstractConnectionAnchor : public ConnectionAnchorBase, publ
     Q_PROPERTY(Figure *owner READ getOwner WRITE setOwner)
 
 public:
+    /// An anchor on \a owner, which may be null.
     explicit AbstractConnectionAnchor(Figure *owner, QObject *parent = nullptr);
     explicit AbstractConnectionAnchor(QObject *parent = nullptr); ///< Without an owner.
     explicit AbstractConnectionAnchor(std::nullptr_t);            ///< With neither.

@@ -15,7 +15,7 @@ class FIGURA_EXPORT AbstractRouter : public QObject, public IConnectionRouter
     Q_INTERFACES(Velmora::Figura::IConnectionRouter)
 
 public:
-    explicit AbstractRouter(QObject *parent = nullptr);
+    explicit AbstractRouter(QObject *parent = nullptr); ///< \a parent owns the router as a QObject.
     ~AbstractRouter() override;
 
     // New virtual operations stand before the overrides: the order of the virtual table depends on

@@ -15,7 +15,7 @@ class FIGURA_EXPORT Bendpoint : public QObject, public IBendpoint
     Q_PROPERTY(QPoint location READ getLocation WRITE setLocation)
 
 public:
-    explicit Bendpoint(QObject *parent = nullptr);
+    explicit Bendpoint(QObject *parent = nullptr); ///< \a parent owns the bendpoint as a QObject.
     ~Bendpoint() override;
 };
 

@@ -16,6 +16,7 @@ class FIGURA_EXPORT BendpointConnectionRouter : public AbstractRouter
     Q_OBJECT
 
 public:
+    /// \a parent owns the router as a QObject.
     explicit BendpointConnectionRouter(QObject *parent = nullptr);
     ~BendpointConnectionRouter() override;
 
@@ -25,12 +26,16 @@ public:
 protected:
     /// (0, 0) for a value that is not a bendpoint.
     virtual QPoint getBendpointLocation(const QVariant &bendpoint);
+    /// From source to target; empty when the connection has none.
     virtual QList<QVariant> getBendpointList(IConnection *connection);
 
 public:
+    /// The stored bendpoints; invalid when there are none.
     QVariant getConstraint(IConnection *connection) override;
-    void remove(IConnection *connection) override;
+    void remove(IConnection *connection) override; ///< Forgets the connection's bendpoints.
+    /// From anchor through the bendpoints to anchor; empty when an anchor is missing.
     QList<QPoint> doRoute(IConnection *connection) override;
+    /// The points of doRoute() as floating ones.
     QList<QPointF> doRouteF(IConnection *connection) override;
     /// An invalid \a constraint removes the connection's bendpoints.
     void setConstraint(IConnection *connection, const QVariant &constraint) override;

@@ -14,6 +14,7 @@ class FIGURA_EXPORT ChopboxAnchor : public AbstractConnectionAnchor
     Q_OBJECT
 
 public:
+    /// An anchor on \a owner, which may be null.
     explicit ChopboxAnchor(Figure *owner, QObject *parent = nullptr);
     explicit ChopboxAnchor(QObject *parent = nullptr); ///< Without an owner.
     explicit ChopboxAnchor(std::nullptr_t);            ///< With neither.

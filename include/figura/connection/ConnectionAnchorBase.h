@@ -18,6 +18,7 @@ class FIGURA_EXPORT ConnectionAnchorBase : public QObject, public IConnectionAnc
     Q_INTERFACES(Velmora::Figura::IConnectionAnchor)
 
 public:
+    /// \a parent owns the anchor as a QObject.
     explicit ConnectionAnchorBase(QObject *parent = nullptr);
     ~ConnectionAnchorBase() override;
 
@@ -27,6 +28,7 @@ public:
     void removeAnchorListener(IAnchorListener *listener) override; ///< However often it was added.
 
 Q_SIGNALS:
+    /// The answers of \a anchor, this one, may have changed.
     void anchorMoved(IConnectionAnchor *anchor);
 
 private:

@@ -26,15 +26,17 @@ public:
 
     /// A connection gets the layer's router, if there is one, even when it is not accepted.
     bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
+    /// \overload
     bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
     bool remove(Figure *child) override; ///< A connection falls back to the shared NullRouter.
+    /// Paints the layer, smoothed when setAntialias() says so.
     void render(QPainter *painter, const QStyleOptionViewItem &option) override;
 
     void setAntialias(bool on); ///< For painting this layer. Does not repaint.
 
     /// For connections added from now on; those already here keep theirs. Not owned.
     void setConnectionRouter(IConnectionRouter *router);
-    IConnectionRouter *getConnectionRouter() const;
+    IConnectionRouter *getConnectionRouter() const; ///< Null when none is set, or it was destroyed.
 
 private:
     void handRouterTo(Figure *child);

@@ -11,6 +11,7 @@ class FIGURA_EXPORT EllipseAnchor : public AbstractConnectionAnchor
     Q_OBJECT
 
 public:
+    /// An anchor on \a owner, which may be null.
     explicit EllipseAnchor(Figure *owner, QObject *parent = nullptr);
     explicit EllipseAnchor(QObject *parent = nullptr); ///< Without an owner.
     explicit EllipseAnchor(std::nullptr_t);            ///< With neither.

@@ -16,7 +16,7 @@ class FIGURA_EXPORT IAnchorListener
 public:
     virtual ~IAnchorListener();
 
-    virtual void anchorMoved(IConnectionAnchor *anchor) = 0;
+    virtual void anchorMoved(IConnectionAnchor *anchor) = 0; ///< Ask \a anchor again.
 };
 
 } // namespace Velmora::Figura

@@ -14,7 +14,8 @@ class FIGURA_EXPORT IBendpoint
 public:
     virtual ~IBendpoint();
 
-    virtual QPoint getLocation() = 0;
+    virtual QPoint getLocation() = 0; ///< Where the connection is to pass.
+    /// Moves the bendpoint, unless its place follows from others.
     virtual void setLocation(const QPoint &location) = 0;
 };
 

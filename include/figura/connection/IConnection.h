@@ -19,21 +19,26 @@ public:
 
     ~IConnection(); // takes no slot of its own: the virtual one is that of IFigure
 
+    /// Who computes the points; never null.
     virtual IConnectionRouter *getConnectionRouter() const = 0;
+    /// In the coordinate system of the bounds, source first.
     virtual QList<QPoint> getPoints() = 0;
-    virtual QPoint getPoint(int index) = 0;
-    virtual int getPointCount() const = 0;
-    virtual QList<QPointF> getPointsF() = 0;
-    virtual QPointF getPointF(int index) = 0;
-    virtual QVariant getRoutingConstraint() = 0;
-    virtual IConnectionAnchor *getSourceAnchor() const = 0;
-    virtual IConnectionAnchor *getTargetAnchor() const = 0;
+    virtual QPoint getPoint(int index) = 0;      ///< (0, 0) when \a index is out of range.
+    virtual int getPointCount() const = 0;       ///< How many points the line has.
+    virtual QList<QPointF> getPointsF() = 0;     ///< The points in floating coordinates.
+    virtual QPointF getPointF(int index) = 0;    ///< (0, 0) when \a index is out of range.
+    virtual QVariant getRoutingConstraint() = 0; ///< What the router keeps for this connection.
+    virtual IConnectionAnchor *getSourceAnchor() const = 0; ///< Null when there is none.
+    virtual IConnectionAnchor *getTargetAnchor() const = 0; ///< Null when there is none.
+    /// Null means the shared NullRouter. Not owned.
     virtual void setConnectionRouter(IConnectionRouter *router) = 0;
+    /// Called by routers; the next routing replaces the points.
     virtual void setPoints(const QList<QPoint> &points) = 0;
-    virtual void setPointsF(const QList<QPointF> &points) = 0;
+    virtual void setPointsF(const QList<QPointF> &points) = 0; ///< As setPoints().
+    /// Hands \a constraint to the router.
     virtual void setRoutingConstraint(const QVariant &constraint) = 0;
-    virtual void setSourceAnchor(IConnectionAnchor *anchor) = 0;
-    virtual void setTargetAnchor(IConnectionAnchor *anchor) = 0;
+    virtual void setSourceAnchor(IConnectionAnchor *anchor) = 0; ///< Not owned; null for none.
+    virtual void setTargetAnchor(IConnectionAnchor *anchor) = 0; ///< Not owned; null for none.
 };
 
 } // namespace Velmora::Figura

@@ -24,6 +24,7 @@ public:
     virtual QPoint getLocation(const QPoint &reference) = 0;       ///< As seen from \a reference.
     virtual Figure *getOwner() const = 0;                          ///< Null when there is none.
     virtual QPoint getReferencePoint() = 0; ///< What the anchor at the other end looks towards.
+    /// Does nothing for one that was not added.
     virtual void removeAnchorListener(IAnchorListener *listener) = 0;
 };
 

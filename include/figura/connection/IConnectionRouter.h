@@ -17,13 +17,17 @@ class FIGURA_EXPORT IConnectionRouter
 public:
     virtual ~IConnectionRouter();
 
+    /// What setConstraint() stored; invalid when nothing is.
     virtual QVariant getConstraint(IConnection *connection) = 0;
     virtual void invalidate(IConnection *connection) = 0; ///< \a connection will be routed anew.
     virtual void remove(IConnection *connection) = 0;     ///< Forget all about \a connection.
     virtual void route(IConnection *connection) = 0;      ///< Computes and sets integer points.
     virtual void routeF(IConnection *connection) = 0;     ///< Computes and sets floating points.
+    /// Computes the points and returns them, without setting them.
     virtual QList<QPoint> doRoute(IConnection *connection) = 0;
+    /// The same in floating coordinates.
     virtual QList<QPointF> doRouteF(IConnection *connection) = 0;
+    /// Keeps what the program wants of the route, for routers that know such wishes.
     virtual void setConstraint(IConnection *connection, const QVariant &constraint) = 0;
 };
 

@@ -22,7 +22,7 @@ class FIGURA_EXPORT Polyline : public Shape
     Q_PROPERTY(QPoint end READ getEnd WRITE setEnd)
 
 public:
-    explicit Polyline(QObject *parent = nullptr);
+    explicit Polyline(QObject *parent = nullptr); ///< Without points.
     ~Polyline() override;
 
     /// How far beside the line a point still hits it, in figure units. Read at every hit test.
@@ -31,21 +31,21 @@ public:
     // New virtual operations stand before the overrides: the order of the virtual table depends on
     // it.
 
-    virtual QList<QPoint> getLinePoints();
-    virtual void setLinePoints(const QList<QPoint> &points);
+    virtual QList<QPoint> getLinePoints();                   ///< From the start to the end.
+    virtual void setLinePoints(const QList<QPoint> &points); ///< Replaces all points.
 
-    void addPoint(const QPoint &point);
+    void addPoint(const QPoint &point);               ///< Appends \a point at the end.
     void insertPoint(const QPoint &point, int index); ///< \a index is clamped into the list.
     void setPoint(const QPoint &point, int index);    ///< An index out of range is refused, warned.
     void removePoint(int index); ///< An index out of range is refused, warned. Does not repaint.
     void removeAllPoints();      ///< Does not repaint what is left.
     QPoint getPoint(int index) const; ///< (0, 0) when out of range.
-    int getPointCount() const;
+    int getPointCount() const;        ///< 0 at first.
 
-    QPoint getStart() const; ///< The first point; (0, 0) when there is none.
-    QPoint getEnd() const;   ///< The last point; (0, 0) when there is none.
-    void setStart(const QPoint &point);
-    void setEnd(const QPoint &point);
+    QPoint getStart() const;            ///< The first point; (0, 0) when there is none.
+    QPoint getEnd() const;              ///< The last point; (0, 0) when there is none.
+    void setStart(const QPoint &point); ///< Replaces the first point, or adds it to an empty line.
+    void setEnd(const QPoint &point);   ///< Replaces the last point, or adds it to an empty line.
     /// Replaces the first and the last point, adding those that are missing.
     void setEndPoints(const QPoint &start, const QPoint &end);
 

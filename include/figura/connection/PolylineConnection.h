@@ -41,24 +41,25 @@ public:
     // it.
 
 protected:
-    virtual IRotatableDecoration *getSourceDecoration();
-    virtual IRotatableDecoration *getTargetDecoration();
+    virtual IRotatableDecoration *getSourceDecoration(); ///< Null when there is none.
+    virtual IRotatableDecoration *getTargetDecoration(); ///< Null when there is none.
 
 public:
     using Polyline::getPoint; // the operation of the interface is not const
 
     IConnectionRouter *getConnectionRouter() const override; ///< Never null.
-    QList<QPoint> getPoints() override;
-    void setPoints(const QList<QPoint> &points) override;
-    QList<QPointF> getPointsF() override;
+    QList<QPoint> getPoints() override;                   ///< Those of the last routing, or as set.
+    void setPoints(const QList<QPoint> &points) override; ///< Until the next routing.
+    QList<QPointF> getPointsF() override;                 ///< The integer points as floating ones.
     void setPointsF(const QList<QPointF> &points) override; ///< Rounded half away from zero.
     QPoint getPoint(int index) override;                    ///< (0, 0) when out of range.
     QPointF getPointF(int index) override;                  ///< (0, 0) when out of range.
-    int getPointCount() const override;
+    int getPointCount() const override;                     ///< How many points the line has.
     QVariant getRoutingConstraint() override; ///< What the router keeps for this connection.
+    /// Hands \a constraint to the router; revalidates.
     void setRoutingConstraint(const QVariant &constraint) override;
-    IConnectionAnchor *getSourceAnchor() const override;
-    IConnectionAnchor *getTargetAnchor() const override;
+    IConnectionAnchor *getSourceAnchor() const override;      ///< Null when there is none.
+    IConnectionAnchor *getTargetAnchor() const override;      ///< Null when there is none.
     void setSourceAnchor(IConnectionAnchor *anchor) override; ///< Not owned; null for none.
     void setTargetAnchor(IConnectionAnchor *anchor) override; ///< Not owned; null for none.
     /// Null means the shared NullRouter. Announces PROPERTY_CONNECTION_ROUTER. Not owned.
@@ -70,7 +71,8 @@ public:
     void setTargetDecoration(IRotatableDecoration *decoration); ///< The same at the last point.
 
     QRect getBounds() override; ///< With the children, as of the last layout; null before.
-    void addNotify() override;
+    void addNotify() override;  ///< Begins to listen to the anchors.
+    /// Stops listening to the anchors; the router forgets the connection.
     void removeNotify() override;
     void revalidate() override; ///< Also releases what the router keeps for the present route.
 

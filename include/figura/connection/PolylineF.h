@@ -22,7 +22,7 @@ class FIGURA_EXPORT PolylineF : public Shape
     Q_PROPERTY(QPointF end READ getEnd WRITE setEnd)
 
 public:
-    explicit PolylineF(QObject *parent = nullptr);
+    explicit PolylineF(QObject *parent = nullptr); ///< Without points.
     ~PolylineF() override;
 
     /// How far beside the line a point still hits it, in figure units. Read at every hit test.
@@ -31,22 +31,22 @@ public:
     // New virtual operations stand before the overrides: the order of the virtual table depends on
     // it.
 
-    virtual QList<QPointF> getLinePoints();
-    virtual void setLinePoints(const QList<QPointF> &points);
+    virtual QList<QPointF> getLinePoints();                   ///< From the start to the end.
+    virtual void setLinePoints(const QList<QPointF> &points); ///< Replaces all points.
 
-    void addPoint(const QPointF &point);
+    void addPoint(const QPointF &point);               ///< Appends \a point at the end.
     void insertPoint(const QPointF &point, int index); ///< \a index is clamped into the list.
     void setPoint(const QPointF &point, int index); ///< An index out of range is refused, warned.
     void removePoint(int index); ///< An index out of range is refused, warned. Does not repaint.
     void removeAllPoints();      ///< Does not repaint what is left.
     QPoint getPoint(int index) const;   ///< Rounded half away from zero; (0, 0) when out of range.
     QPointF getPointF(int index) const; ///< (0, 0) when out of range.
-    int getPointCount() const;
+    int getPointCount() const;          ///< 0 at first.
 
-    QPointF getStart() const; ///< The first point; (0, 0) when there is none.
-    QPointF getEnd() const;   ///< The last point; (0, 0) when there is none.
-    void setStart(const QPointF &point);
-    void setEnd(const QPointF &point);
+    QPointF getStart() const;            ///< The first point; (0, 0) when there is none.
+    QPointF getEnd() const;              ///< The last point; (0, 0) when there is none.
+    void setStart(const QPointF &point); ///< Replaces the first point, or adds it to an empty line.
+    void setEnd(const QPointF &point);   ///< Replaces the last point, or adds it to an empty line.
     /// Replaces the first and the last point, adding those that are missing.
     void setEndPoints(const QPointF &start, const QPointF &end);
 

@@ -43,8 +43,8 @@ public:
     // it.
 
 protected:
-    virtual IRotatableDecoration *getSourceDecoration();
-    virtual IRotatableDecoration *getTargetDecoration();
+    virtual IRotatableDecoration *getSourceDecoration(); ///< Null when there is none.
+    virtual IRotatableDecoration *getTargetDecoration(); ///< Null when there is none.
 
 public:
     using PolylineF::getPoint; // the operations of the interface are not const
@@ -52,16 +52,18 @@ public:
 
     IConnectionRouter *getConnectionRouter() const override; ///< Never null.
     QList<QPoint> getPoints() override; ///< The points, each rounded half away from zero.
+    /// The same as setPointsF() with floating copies.
     void setPoints(const QList<QPoint> &points) override;
-    QList<QPointF> getPointsF() override;
-    void setPointsF(const QList<QPointF> &points) override;
-    QPoint getPoint(int index) override;   ///< (0, 0) when out of range.
-    QPointF getPointF(int index) override; ///< (0, 0) when out of range.
-    int getPointCount() const override;
+    QList<QPointF> getPointsF() override; ///< Those of the last routing, or as set.
+    void setPointsF(const QList<QPointF> &points) override; ///< Until the next routing.
+    QPoint getPoint(int index) override;                    ///< (0, 0) when out of range.
+    QPointF getPointF(int index) override;                  ///< (0, 0) when out of range.
+    int getPointCount() const override;                     ///< How many points the line has.
     QVariant getRoutingConstraint() override; ///< What the router keeps for this connection.
+    /// Hands \a constraint to the router; revalidates.
     void setRoutingConstraint(const QVariant &constraint) override;
-    IConnectionAnchor *getSourceAnchor() const override;
-    IConnectionAnchor *getTargetAnchor() const override;
+    IConnectionAnchor *getSourceAnchor() const override;      ///< Null when there is none.
+    IConnectionAnchor *getTargetAnchor() const override;      ///< Null when there is none.
     void setSourceAnchor(IConnectionAnchor *anchor) override; ///< Not owned; null for none.
     void setTargetAnchor(IConnectionAnchor *anchor) override; ///< Not owned; null for none.
     /// Null means the shared NullRouter. Announces PROPERTY_CONNECTION_ROUTER. Not owned.
@@ -73,7 +75,8 @@ public:
     void setTargetDecoration(IRotatableDecoration *decoration); ///< The same at the last point.
 
     QRect getBounds() override; ///< With the children, as of the last layout; null before.
-    void addNotify() override;
+    void addNotify() override;  ///< Begins to listen to the anchors.
+    /// Stops listening to the anchors; the router forgets the connection.
     void removeNotify() override;
     void revalidate() override; ///< Also releases what the router keeps for the present route.
 

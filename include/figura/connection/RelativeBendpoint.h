@@ -28,6 +28,7 @@ class FIGURA_EXPORT RelativeBendpoint : public Bendpoint
     Q_PROPERTY(QSize relativeDim2 READ getRelativeDim2)
 
 public:
+    /// \a connection may be null.
     explicit RelativeBendpoint(IConnection *connection, QObject *parent = nullptr);
     explicit RelativeBendpoint(QObject *parent = nullptr); ///< Without a connection.
     explicit RelativeBendpoint(std::nullptr_t);            ///< With neither.
@@ -42,16 +43,18 @@ public:
     {
     }
 
+    /// The same wish for the same connection, without a parent.
     RelativeBendpoint(const RelativeBendpoint &other);
     ~RelativeBendpoint() override;
 
+    /// Takes all over but the parent.
     RelativeBendpoint &operator=(const RelativeBendpoint &other);
 
-    IConnection *getConnection() const;
-    void setConnection(IConnection *connection);
+    IConnection *getConnection() const;          ///< Null when there is none.
+    void setConnection(IConnection *connection); ///< Not owned; null for none.
 
     float getWeight() const; ///< 0 lies at the source side, 1 at the target side; 0.5 at first.
-    void setWeight(float weight);
+    void setWeight(float weight); ///< Not checked: a value outside 0 to 1 lies beyond the anchors.
 
     QSize getRelativeDim1() const; ///< The offset from the source anchor's reference point.
     QSize getRelativeDim2() const; ///< The offset from the target anchor's reference point.

@@ -14,6 +14,7 @@ class FIGURA_EXPORT XYAnchor : public ConnectionAnchorBase
     Q_PROPERTY(QPoint location READ getReferencePoint WRITE setLocation)
 
 public:
+    /// \a location is in absolute coordinates.
     explicit XYAnchor(const QPoint &location = QPoint(), QObject *parent = nullptr);
     ~XYAnchor() override;
 

@@ -11,6 +11,7 @@ class FIGURA_EXPORT BendpointLocator : public ConnectionLocator
     Q_OBJECT
 
 public:
+    /// \a index counts the connection's points from 0. \a connection is not owned.
     BendpointLocator(IConnection *connection, int index, QObject *parent = nullptr);
     ~BendpointLocator() override;
 
@@ -18,7 +19,7 @@ protected:
     /// Warns and gives (0, 0) for an index not below the point count; a negative one gives (0, 0).
     QPoint getReferencePoint() override;
 
-    int getIndex() const;
+    int getIndex() const; ///< As given to the constructor.
 
 private:
     int m_index;

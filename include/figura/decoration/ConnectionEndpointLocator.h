@@ -27,10 +27,10 @@ public:
     ConnectionEndpointLocator(IConnection *connection, bool end, QObject *parent = nullptr);
     ~ConnectionEndpointLocator() override;
 
-    int getUDistance() const; ///< Along the connection from its end; 14 at first.
-    void setUDistance(int distance);
+    int getUDistance() const;        ///< Along the connection from its end; 14 at first.
+    void setUDistance(int distance); ///< Only stores.
     int getVDistance() const; ///< Across the connection; 4 at first, negative for the other side.
-    void setVDistance(int distance);
+    void setVDistance(int distance); ///< Only stores.
 
     /// Leaves null and hidden figures alone, and does nothing with fewer than two points.
     void relocate(Figure *target) override;

@@ -19,9 +19,11 @@ class FIGURA_EXPORT ConnectionLocator : public Locator
     Q_OBJECT
 
 public:
+    /// Which part of the connection: its middle, its first or its last point.
     enum Alignment { MIDDLE = 0, SOURCE = 1, TARGET = 2 };
 
     explicit ConnectionLocator(IConnection *connection, QObject *parent = nullptr); ///< MIDDLE.
+    /// \a connection is not owned.
     ConnectionLocator(IConnection *connection, Alignment alignment, QObject *parent = nullptr);
     ~ConnectionLocator() override;
 
@@ -29,16 +31,16 @@ protected:
     QPoint getReferencePoint() override; ///< (0, 0) without a connection.
 
     // New virtual operations; the order of the virtual table depends on their place.
-    virtual IConnection *getConnection() const;
+    virtual IConnection *getConnection() const; ///< Null when there is none.
     /// The point of the list that the alignment names; (0, 0) of an empty list.
     virtual QPoint getLocation(QList<QPoint> points);
 
 public:
-    Alignment getAlignment() const;
+    Alignment getAlignment() const; ///< MIDDLE at first.
 
 protected:
-    void setAlignment(Alignment alignment);
-    void setConnection(IConnection *connection);
+    void setAlignment(Alignment alignment);      ///< Only stores.
+    void setConnection(IConnection *connection); ///< Not owned; only stores.
     /// The index among \a count points that the alignment names; -1 when there is none.
     int getLocationIndex(int count) const;
 

@@ -25,21 +25,22 @@ class FIGURA_EXPORT Decoration : public Shape, public IAncestorListener
     Q_PROPERTY(bool showable READ isShowable)
 
 public:
+    /// Either may be null and set later.
     explicit Decoration(Figure *owner, ILocator *locator, QObject *parent = nullptr);
-    explicit Decoration(QObject *parent = nullptr);
+    explicit Decoration(QObject *parent = nullptr); ///< With neither owner nor locator.
     ~Decoration() override;
 
-    Figure *getOwner() const;
-    void setOwner(Figure *owner); ///< Only stores; watched from the next addNotify() on.
-    ILocator *getLocator() const;
-    void setLocator(ILocator *locator); ///< Only stores.
-    bool isManagedExternally() const;
+    Figure *getOwner() const;                ///< Null when there is none.
+    void setOwner(Figure *owner);            ///< Only stores; watched from the next addNotify() on.
+    ILocator *getLocator() const;            ///< Null when there is none.
+    void setLocator(ILocator *locator);      ///< Only stores.
+    bool isManagedExternally() const;        ///< False at first.
     void setManagedExternally(bool managed); ///< When set, validation leaves the bounds alone.
     bool isShowable() const;                 ///< Always true.
     QVariant getConstraint() const; ///< The locator as a QObject *, for use as a layout constraint.
 
-    void addNotify() override;
-    void removeNotify() override;
+    void addNotify() override;    ///< Begins to watch the owner; warns when there is none.
+    void removeNotify() override; ///< Stops watching the owner; warns when there is none.
     /// Lets the locator place this decoration. On purpose it neither lays out nor becomes valid.
     void validate() override;
 

@@ -13,10 +13,10 @@ public:
     ~IRotatableDecoration(); // takes no slot of its own: the virtual one is that of IFigure
 
     virtual void setLocation(const QPointF &location) = 0; ///< Where the tip goes.
-    virtual void setLocation(const QPoint &location) = 0;
+    virtual void setLocation(const QPoint &location) = 0;  ///< \overload
     virtual void
-    setReferencePoint(const QPointF &reference) = 0; ///< Where the body points back to.
-    virtual void setReferencePoint(const QPoint &reference) = 0;
+    setReferencePoint(const QPointF &reference) = 0;             ///< Where the body points back to.
+    virtual void setReferencePoint(const QPoint &reference) = 0; ///< \overload
 };
 
 } // namespace Velmora::Figura

@@ -21,7 +21,7 @@ class FIGURA_EXPORT Locator : public QObject, public ILocator
     Q_INTERFACES(Velmora::Figura::ILocator)
 
 public:
-    explicit Locator(QObject *parent = nullptr);
+    explicit Locator(QObject *parent = nullptr); ///< \a parent owns the locator as a QObject.
     ~Locator() override;
 
     // New virtual operations stand before the overrides: the order of the virtual table depends on
@@ -30,7 +30,7 @@ public:
     /// Units kept between the point and the near edge; unused while centred.
     virtual int getGap() const;
     virtual int getRelativePosition() const; ///< A compass code, CENTER at first.
-    virtual void setGap(int gap);
+    virtual void setGap(int gap);            ///< Only stores.
     /// WEST wins over EAST, NORTH over SOUTH. Only stores.
     virtual void setRelativePosition(int position);
 

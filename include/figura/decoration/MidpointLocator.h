@@ -11,6 +11,7 @@ class FIGURA_EXPORT MidpointLocator : public ConnectionLocator
     Q_OBJECT
 
 public:
+    /// \a index is that of the segment's first point. \a connection is not owned.
     MidpointLocator(IConnection *connection, int index, QObject *parent = nullptr);
     ~MidpointLocator() override;
 
@@ -19,7 +20,7 @@ protected:
     /// as the segment's other end, on purpose.
     QPoint getReferencePoint() override;
 
-    int getIndex() const;
+    int getIndex() const; ///< As given to the constructor.
 
 private:
     int m_index;

@@ -25,10 +25,10 @@ public:
     explicit PolygonDecoration(QObject *parent = nullptr);
     ~PolygonDecoration() override;
 
-    void setLocation(const QPointF &location) override;
-    void setLocation(const QPoint &location) override;
-    void setReferencePoint(const QPointF &reference) override;
-    void setReferencePoint(const QPoint &reference) override;
+    void setLocation(const QPointF &location) override;        ///< Where the tip goes.
+    void setLocation(const QPoint &location) override;         ///< \overload
+    void setReferencePoint(const QPointF &reference) override; ///< Where the body points back to.
+    void setReferencePoint(const QPoint &reference) override;  ///< \overload
 
     void setRotation(double radians);              ///< From x toward y.
     void setScale(double x, double y);             ///< Figure units for one template unit.

@@ -32,18 +32,18 @@ protected:
     virtual void recalculatePoints(); ///< Sets the points that location, rotation and scale give.
 
 public:
-    void setLocation(const QPointF &location) override;
-    void setLocation(const QPoint &location) override;
-    void setReferencePoint(const QPointF &reference) override;
-    void setReferencePoint(const QPoint &reference) override;
+    void setLocation(const QPointF &location) override;        ///< Where the tip goes.
+    void setLocation(const QPoint &location) override;         ///< \overload
+    void setReferencePoint(const QPointF &reference) override; ///< Where the body points back to.
+    void setReferencePoint(const QPoint &reference) override;  ///< \overload
 
     void setRotation(double radians);              ///< From x toward y.
     void setScale(double x, double y);             ///< Figure units for one template unit.
     void setTemplate(const QList<QPoint> &points); ///< Equal points have no effect.
 
 protected:
-    QPoint getLocation() const; ///< Rounded half away from zero.
-    const Transform &getTransform() const;
+    QPoint getLocation() const;            ///< Rounded half away from zero.
+    const Transform &getTransform() const; ///< From template units to the points.
 
 private:
     std::unique_ptr<ArrowHead> m_head; // what both arrow heads share

@@ -28,20 +28,20 @@ public:
     // New virtual operations stand before the overrides: the order of the virtual table depends on
     // it.
 
-    virtual void setReferenceFigure(Figure *reference);
+    virtual void setReferenceFigure(Figure *reference); ///< Not owned; null for none.
     /// The side or corner of the box; neither or both of two opposite sides give the middle.
     virtual void setLocation(int location);
 
 protected:
     virtual QRect getReferenceBox(); ///< The reference figure's bounds; empty without one.
-    virtual Figure *getReferenceFigure() const;
+    virtual Figure *getReferenceFigure() const; ///< Null when there is none.
 
 public:
     void relocate(Figure *target) override; ///< Leaves null and hidden figures alone.
 
 protected:
-    double relativeX() const;
-    double relativeY() const;
+    double relativeX() const; ///< 0 is the left edge, 1 the right.
+    double relativeY() const; ///< 0 is the top edge, 1 the bottom.
 
 private:
     QPointer<Figure> m_reference;

@@ -25,6 +25,7 @@ class FIGURA_EXPORT AncestorHelper : public QObject, public IPropertyChangeListe
     Q_MOC_INCLUDE("figura/figure/Figure.h")
 
 public:
+    /// Hooks \a figure and all that is above it now.
     explicit AncestorHelper(Figure *figure, QObject *parent = nullptr);
     ~AncestorHelper() override;
 
@@ -36,13 +37,15 @@ protected:
     void cleanup();
 
 Q_SIGNALS:
-    void ancestorAdded(Figure *pAncestor);
-    void ancestorMoved(Figure *pAncsetor); // spelt as in Figure
-    void ancestorRemoved(Figure *pAncestor);
+    void ancestorAdded(Figure *pAncestor); ///< \a pAncestor is the new parent of a watched figure.
+    /// \a pAncsetor, the figure or one of its ancestors, has moved.
+    void ancestorMoved(Figure *pAncsetor);   // spelt as in Figure
+    void ancestorRemoved(Figure *pAncestor); ///< \a pAncestor was the parent of a watched figure.
 
 public Q_SLOTS:
-    void figureMoved(Figure *pFigure);
-    void ancestorDestroyed(QObject *pObj);
+    void figureMoved(Figure *pFigure);     ///< Passes it on as ancestorMoved(); null is ignored.
+    void ancestorDestroyed(QObject *pObj); ///< Lets go of everything: the chain is broken.
+    /// Follows Figure::PROPERTY_PARENT to the new ancestors; other properties are ignored.
     void propertyChanged(const QString &propertyName, const QVariant &oldValue,
                          const QVariant &newValue) override;
 

@@ -27,11 +27,11 @@ class FIGURA_EXPORT Border : public QObject
     Q_PROPERTY(Qt::PenJoinStyle penJoinStyle READ getPenJoinStyle WRITE setPenJoinStyle)
 
 public:
-    explicit Border(QObject *parent = nullptr);
+    explicit Border(QObject *parent = nullptr); ///< No insets; a solid black line.
     ~Border() override;
 
-    virtual const Insets &getInsets() const; ///< The space taken on each side.
-    virtual void setInsets(const Insets &insets);
+    virtual const Insets &getInsets() const;      ///< The space taken on each side.
+    virtual void setInsets(const Insets &insets); ///< Only stores.
 
     /// Paints the frame of a figure whose absolute bounds are option.rect.
     virtual void render(QPainter *painter, const QStyleOptionViewItem &option) const = 0;
@@ -44,14 +44,14 @@ protected:
     virtual QRect toBorderRect(const QRect &rect) const;
 
 public:
-    QColor getColor() const;
-    void setColor(const QColor &color);
-    Qt::PenStyle getPenStyle() const;
-    void setPenStyle(Qt::PenStyle style);
-    Qt::PenCapStyle getPenCapStyle() const;
-    void setPenCapStyle(Qt::PenCapStyle style);
-    Qt::PenJoinStyle getPenJoinStyle() const;
-    void setPenJoinStyle(Qt::PenJoinStyle style);
+    QColor getColor() const;                      ///< Black at first.
+    void setColor(const QColor &color);           ///< Only stores.
+    Qt::PenStyle getPenStyle() const;             ///< Qt::SolidLine at first.
+    void setPenStyle(Qt::PenStyle style);         ///< Only stores.
+    Qt::PenCapStyle getPenCapStyle() const;       ///< Qt::SquareCap at first.
+    void setPenCapStyle(Qt::PenCapStyle style);   ///< Only stores.
+    Qt::PenJoinStyle getPenJoinStyle() const;     ///< Qt::BevelJoin at first.
+    void setPenJoinStyle(Qt::PenJoinStyle style); ///< Only stores.
 
 private:
     Insets m_insets;

@@ -58,9 +58,9 @@ class FIGURA_EXPORT Figure : public QObject, public virtual IFigure
 
 public:
     // The flag bits of getFlag() and setFlag().
-    static constexpr int FLAG_VALID = 0x1;
-    static constexpr int FLAG_VISIBLE = 0x4;
-    static constexpr int FLAG_ENABLED = 0x10;
+    static constexpr int FLAG_VALID = 0x1;    ///< Laid out since the last change.
+    static constexpr int FLAG_VISIBLE = 0x4;  ///< Set at first.
+    static constexpr int FLAG_ENABLED = 0x10; ///< Set at first.
     static constexpr int FLAG_USE_CONTENT_SIZE =
         0x40; ///< Prefer the content's size to the layout's.
     static constexpr int FLAG_NOTIFIED = static_cast<int>(0x80000000u); ///< In a displayed tree.
@@ -94,9 +94,12 @@ protected:
     /// As for all drawing operations, option.rect is in absolute coordinates and the painter's
     /// state may be changed without restoring it, except in drawChildren().
     virtual void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const;
+    /// What the figure itself shows, between background and border: nothing in the base.
     virtual void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const;
+    /// Lets \a border, if there is one, draw itself in option.rect.
     virtual void drawBorder(QPainter *painter, const QStyleOptionViewItem &option,
                             const Border *border) const;
+    /// Lets the layout manager paint the children.
     virtual void drawChildren(QPainter *painter, const QStyleOptionViewItem &option) const;
 
     /// True for a figure that bounds the effect of its children's changes: revalidate() stops
@@ -109,7 +112,7 @@ protected:
 public:
     // Size, place and looks.
 
-    Border *getBorder() const override;
+    Border *getBorder() const override; ///< Null when there is none.
     void
     setBorder(Border *border) override; ///< Only stores; asks neither for layout nor for paint.
 
@@ -140,18 +143,20 @@ public:
     void setBounds(const QRect &rect) override;
     QRect getBoundingRect() override; ///< The area that the figure paints: its bounds.
 
-    bool isEnabled() const override;
+    bool isEnabled() const override;        ///< The figure's own flag; ancestors are not asked.
     void setEnabled(bool enabled) override; ///< Neither repaints nor reaches the children.
     bool isVisible() const override;        ///< The figure's own flag; ancestors are not asked.
+    /// Repaints the area and revalidates. Equal values have no effect.
     void setVisible(bool visible) override;
 
-    QColor getBackgroundColor() override;
-    void setBackgroundColor(const QColor &color) override;
+    QColor getBackgroundColor() override;                  ///< Qt::transparent, unless given.
+    void setBackgroundColor(const QColor &color) override; ///< Repaints always.
 
-    Figure *getTooltip() const override;
+    Figure *getTooltip() const override;       ///< Null when there is none.
     void setTooltip(Figure *tooltip) override; ///< Stored for the application's use only.
 
     Qt::Orientations expandingDirections() override; ///< The layout manager's, if there is one.
+    /// For layouts that stretch; counts while there is no layout manager.
     void setExpandingDirections(Qt::Orientations directions) override;
 
     // The tree.
@@ -159,11 +164,11 @@ public:
     void addNotify() override;    ///< Marks the subtree as displayed; a second call is reported.
     void removeNotify() override; ///< The reverse, children first.
 
-    Figure *getParentFigure() const override;
+    Figure *getParentFigure() const override; ///< Null for a root.
     /// Called by layouts. Announces PROPERTY_PARENT even when nothing changed; null detaches.
     void setParentFigure(Figure *parent) override;
 
-    Layout *getLayoutManager() const override;
+    Layout *getLayoutManager() const override; ///< Null when there is none.
     /// Returns the previous layout, which keeps its children and is not deleted. Null is refused:
     /// it returns null and changes nothing. The layout already installed is returned all the same.
     Layout *setLayoutManager(Layout *layout) override;
@@ -175,27 +180,32 @@ public:
     /// \a index outside the children appends. False without a layout, for null and for a child that
     /// is already there.
     bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
+    /// With stretch factors in place of a constraint: for the boxes.
     bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
     bool remove(Figure *child) override;     ///< False when \a child is not one of the children.
     QList<Figure *> childFigures() override; ///< In paint order, the topmost last.
-    int childFigureCount() const override;
+    int childFigureCount() const override;   ///< 0 without a layout manager.
 
     // Hit testing. Points and rectangles are in the coordinate system of this figure's bounds.
 
-    Figure *findFigureAt(const QPoint &point) const override;
+    Figure *findFigureAt(const QPoint &point) const override; ///< \overload
     /// The topmost descendant at the point that \a search accepts, else this figure, else null.
     Figure *findFigureAt(int x, int y, const ITreeSearch &search) const override;
+    /// The topmost descendant at the point, else this figure, else null.
     Figure *findFigureAt(int x, int y) const override;
     /// Appends the figures that intersect \a rect, descendants before their ancestor. With
     /// \a containedOnly a figure must lie in \a rect as a whole; its descendants are asked anyway.
     void findFigures(QList<Figure *> &result, const QRect &rect, const ITreeSearch &search,
                      bool containedOnly) const override;
+    /// The same for all figures, as a list.
     QList<Figure *> findFigures(const QRect &rect, bool containedOnly) override;
     /// As findFigureAt(), blind to the \a excluded figures and to all below them.
     Figure *findFigureAtExcluding(int x, int y, const QList<Figure *> &excluded) const override;
 
     bool contains(const QPoint &point) const override; ///< The edges belong to the figure.
+    /// Whether the bounds lie in \a rect as a whole.
     bool isContained(const QRect &rect) const override;
+    /// Whether the bounds and \a rect overlap.
     bool isIntersecting(const QRect &rect) const override;
 
     // Painting and validation.
@@ -213,21 +223,21 @@ public:
     void translate(int dx, int dy) override;
 
     QPointF &translateFromParent(QPointF &point) override; ///< From bounds to child coordinates.
-    QRectF &translateFromParent(QRectF &rect) override;
-    QPoint &translateFromParent(QPoint &point) override;
-    QRect &translateFromParent(QRect &rect) override;
-    QPointF &translateToParent(QPointF &point) override; ///< From child to bounds coordinates.
-    QRectF &translateToParent(QRectF &rect) override;
-    QPoint &translateToParent(QPoint &point) override;
-    QRect &translateToParent(QRect &rect) override;
+    QRectF &translateFromParent(QRectF &rect) override;    ///< \overload
+    QPoint &translateFromParent(QPoint &point) override;   ///< \overload
+    QRect &translateFromParent(QRect &rect) override;      ///< \overload
+    QPointF &translateToParent(QPointF &point) override;   ///< From child to bounds coordinates.
+    QRectF &translateToParent(QRectF &rect) override;      ///< \overload
+    QPoint &translateToParent(QPoint &point) override;     ///< \overload
+    QRect &translateToParent(QRect &rect) override;        ///< \overload
     QPointF &translateToAbsolute(QPointF &point) override; ///< From bounds to root coordinates.
-    QRectF &translateToAbsolute(QRectF &rect) override;
-    QPoint &translateToAbsolute(QPoint &point) override;
-    QRect &translateToAbsolute(QRect &rect) override;
+    QRectF &translateToAbsolute(QRectF &rect) override;    ///< \overload
+    QPoint &translateToAbsolute(QPoint &point) override;   ///< \overload
+    QRect &translateToAbsolute(QRect &rect) override;      ///< \overload
     QPointF &translateToRelative(QPointF &point) override; ///< From root to bounds coordinates.
-    QRectF &translateToRelative(QRectF &rect) override;
-    QPoint &translateToRelative(QPoint &point) override;
-    QRect &translateToRelative(QRect &rect) override;
+    QRectF &translateToRelative(QRectF &rect) override;    ///< \overload
+    QPoint &translateToRelative(QPoint &point) override;   ///< \overload
+    QRect &translateToRelative(QRect &rect) override;      ///< \overload
 
     /// True when the children's coordinates begin at this figure's client area.
     bool useLocalCoordinates() const;
@@ -239,24 +249,32 @@ public:
 
     /// Added twice, it is called twice; a single removal disconnects it altogether.
     void addAncestorListener(IAncestorListener *listener) override;
+    /// Does nothing for one that was not added.
     void removeAncestorListener(IAncestorListener *listener) override;
+    /// As addAncestorListener().
     void addPropertyChangeListener(IPropertyChangeListener *listener) override;
+    /// Does nothing for one that was not added.
     void removePropertyChangeListener(IPropertyChangeListener *listener) override;
 
     // Flags and the highlight.
 
     bool getFlag(int mask) const; ///< True when any bit of \a mask is set.
 
-    int getHighlightStyle() const;
+    int getHighlightStyle() const;     ///< A rubber band at first.
     void setHighlightStyle(int style); ///< A value of IStyleConstants; any but 0 is a rubber band.
     void highlightClientArea(bool on); ///< Draws the highlight over the client area and children.
-    bool isClientAreaHighlighted() const;
+    bool isClientAreaHighlighted() const; ///< False at first.
 
 Q_SIGNALS:
+    /// \a pAncestor is the new parent of this figure or of an ancestor.
     void ancestorAdded(Figure *pAncestor);
+    /// \a pAncsetor has moved; this figure counts too.
     void ancestorMoved(Figure *pAncsetor); // spelt so on purpose: part of the interface
+    /// \a pAncestor was the parent of this figure or of an ancestor.
     void ancestorRemoved(Figure *pAncestor);
+    /// The bounds of \a pFigure, this figure, have changed or were translated.
     void figureMoved(Figure *pFigure);
+    /// A named property has changed, such as PROPERTY_PARENT.
     void propertyChanged(const QString &propertyName, const QVariant &oldValue,
                          const QVariant &newValue);
 
@@ -264,14 +282,14 @@ public Q_SLOTS:
     void erase() override;      ///< Asks the parent to repaint the area of this figure.
     void revalidate() override; ///< Invalidates up to the root, which is queued for validation.
     void repaint() override;    ///< Asks for a repaint of the bounding rectangle.
-    void repaint(int x, int y, int w, int h) override;
+    void repaint(int x, int y, int w, int h) override; ///< \overload
     /// \a rect is in the coordinate system of the bounds; an invalid one is ignored.
     void repaint(const QRect &rect) override;
 
 protected:
     void setFlag(int mask, bool on); ///< Sets or clears all bits of \a mask.
-    bool isValid() const;
-    void setValid(bool valid);
+    bool isValid() const;            ///< Whether the figure was laid out since the last change.
+    void setValid(bool valid);       ///< Sets the flag alone.
 
     QSize applyMargin(const QSize &size) const; ///< \a size with the margin on both sides.
     QSize &removeMargin(QSize &size) const;     ///< Takes the margin off once, not twice.

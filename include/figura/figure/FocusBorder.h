@@ -11,7 +11,7 @@ class FIGURA_EXPORT FocusBorder : public SimpleBorder
     Q_OBJECT
 
 public:
-    explicit FocusBorder(QObject *parent = nullptr);
+    explicit FocusBorder(QObject *parent = nullptr); ///< Takes one unit on each side.
     ~FocusBorder() override;
 
     void render(QPainter *painter, const QStyleOptionViewItem &option) const override;

@@ -16,6 +16,7 @@ class FIGURA_EXPORT IPropertyChangeListener
 public:
     virtual ~IPropertyChangeListener();
 
+    /// Values are as the announcing figure documents them.
     virtual void propertyChanged(const QString &propertyName, const QVariant &oldValue,
                                  const QVariant &newValue) = 0;
 };

@@ -11,7 +11,8 @@ template<typename Interface>
 class InterfacePointer
 {
 public:
-    InterfacePointer() = default;
+    InterfacePointer() = default; ///< Null.
+    /// Begins to watch \a target, which may be null.
     InterfacePointer(Interface *target) // implicit, as a QPointer is made from a plain pointer
         : m_target(target)
         , m_object(dynamic_cast<QObject *>(target))
@@ -19,10 +20,13 @@ public:
     {
     }
 
+    /// Null when there is no target, or it was destroyed.
     Interface *get() const { return m_watched && !m_object ? nullptr : m_target; }
     QObject *object() const { return m_object; } ///< Null when the target is not a QObject.
 
+    /// Only while get() is not null.
     Interface *operator->() const { return get(); }
+    /// True while get() is not null.
     explicit operator bool() const { return get() != nullptr; }
 
 private:

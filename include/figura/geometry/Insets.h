@@ -14,18 +14,22 @@ namespace Velmora::Figura {
 class FIGURA_EXPORT Insets
 {
 public:
-    Insets(); ///< All four sides 0.
-    Insets(int top, int left, int bottom, int right);
-    Insets(const Insets &other);
+    Insets();                                         ///< All four sides 0.
+    Insets(int top, int left, int bottom, int right); ///< In this order.
+    Insets(const Insets &other);                      ///< The same four values.
     virtual ~Insets();
 
-    Insets &operator=(const Insets &other);
+    Insets &operator=(const Insets &other);     ///< Takes the four values over.
     bool operator==(const Insets &other) const; ///< True when all four sides are equal.
-    bool operator!=(const Insets &other) const;
+    bool operator!=(const Insets &other) const; ///< True when a side differs.
 
+    /// Space at the top.
     int top() const { return m_top; }
+    /// Space at the bottom.
     int bottom() const { return m_bottom; }
+    /// Space at the right; see applyTo().
     int right() const { return m_right; }
+    /// Space at the left; see applyTo().
     int left() const { return m_left; }
 
     /// Shrinks \a rect in place and returns it.

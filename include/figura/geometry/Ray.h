@@ -18,18 +18,20 @@ class FIGURA_EXPORT Ray : public QObject
     Q_PROPERTY(int y READ y)
 
 public:
-    explicit Ray(QObject *parent = nullptr); ///< The null vector (0, 0).
-    Ray(int x, int y, QObject *parent = nullptr);
+    explicit Ray(QObject *parent = nullptr);                      ///< The null vector (0, 0).
+    Ray(int x, int y, QObject *parent = nullptr);                 ///< The vector (\a x, \a y).
     explicit Ray(const QPoint &point, QObject *parent = nullptr); ///< From (0, 0) to \a point.
     Ray(const QPoint &from, const QPoint &to, QObject *parent = nullptr); ///< \a to - \a from.
     Ray(const Ray &from, const Ray &to, QObject *parent = nullptr);       ///< \a to - \a from.
-    Ray(const Ray &other);
+    Ray(const Ray &other); ///< The same vector, without a parent.
     ~Ray() override;
 
-    Ray &operator=(const Ray &other);
+    Ray &operator=(const Ray &other);        ///< Takes the vector over; the parent stays.
     bool operator==(const Ray &other) const; ///< True when both components are equal.
 
+    /// The horizontal part.
     int x() const { return m_x; }
+    /// The vertical part; downwards is positive.
     int y() const { return m_y; }
 
     int dotProduct(const Ray &r) const;   ///< x * r.x + y * r.y.

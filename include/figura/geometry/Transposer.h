@@ -16,10 +16,10 @@ public:
     explicit Transposer(QObject *parent = nullptr); ///< Disabled at first.
     ~Transposer() override;
 
-    void enable();
-    void disable();
-    void setEnabled(bool enabled);
-    bool isEnabled() const;
+    void enable();                 ///< From now on the axes are exchanged.
+    void disable();                ///< From now on they are not.
+    void setEnabled(bool enabled); ///< The same as one of the two.
+    bool isEnabled() const;        ///< False at first.
 
 private:
     bool m_enabled = false;

@@ -12,12 +12,14 @@ class FIGURA_EXPORT DelegatingLayout : public Layout
     Q_OBJECT
 
 public:
+    /// \a parent owns the layout as a QObject.
     explicit DelegatingLayout(QObject *parent = nullptr);
     ~DelegatingLayout() override;
 
     bool isRelativeLayout() const override; ///< False.
 
 protected:
+    /// The largest preferred width and height of the children.
     QSize calculatePreferredSize() override;
     QSize calculateMinimumSize() override; ///< From the children's preferred sizes, on purpose.
     bool performLayout(const QRect &clientArea) override;

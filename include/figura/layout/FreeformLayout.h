@@ -28,23 +28,26 @@ public:
     /// one does. Invalid while nothing counts.
     QRect getFreeformExtent();
 
-    bool isContentMonitored() const;
+    bool isContentMonitored() const; ///< As given to the constructor or set last.
     /// Switches the watch over the container itself; the children are connected by add().
     void setContentMonitored(bool monitored);
 
+    /// As in XYLayout; connects \a child when the content is monitored.
     bool add(Figure *child, const QVariant &constraint = QVariant(), int index = -1) override;
+    /// \overload
     bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index) override;
-    bool remove(Figure *child) override;
+    bool remove(Figure *child) override;       ///< As in XYLayout; computes the extent anew.
     bool isRelativeLayout() const override;    ///< False.
     QPoint getOrigin(Figure *figure) override; ///< Always (0, 0).
 
 Q_SIGNALS:
-    void extentChanged();
+    void extentChanged(); ///< The extent has become another.
 
 public Q_SLOTS:
     void examineExtent(); ///< Computes the extent anew and announces a change.
 
 protected:
+    /// The union of the children's rectangles, computed anew each time.
     QRect calculateFreeformExtent();
 
     QSize calculatePreferredSize() override; ///< The minimum size, without further allowance.

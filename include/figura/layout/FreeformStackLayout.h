@@ -30,14 +30,14 @@ public:
     void setFreeformBounds(const QRect &rect);
 
 Q_SIGNALS:
-    void extentChanged();
+    void extentChanged(); ///< The union of the extents has become another.
 
 protected:
-    QRect calculateFreeformExtent();
-    QRect getCurrentChildBounds() const;
+    QRect calculateFreeformExtent();     ///< The union, computed anew each time.
+    QRect getCurrentChildBounds() const; ///< Invalid: a layout pass leaves the layers alone.
 
-    QSize calculatePreferredSize() override;
-    QSize calculateMinimumSize() override; ///< The size of the extent.
+    QSize calculatePreferredSize() override; ///< The minimum size.
+    QSize calculateMinimumSize() override;   ///< The size of the extent.
     bool performLayout(const QRect &clientArea) override;
 
 private:

@@ -37,11 +37,12 @@ public:
     class FIGURA_EXPORT LayoutHelper
     {
     public:
+        /// The record of a child that was just added.
         LayoutHelper(const QVariant &constraint, unsigned int verticalStretch,
                      unsigned int horizontalStretch);
 
         QVariant getConstraint() const; ///< Invalid once the object that it holds is destroyed.
-        void setConstraint(const QVariant &constraint);
+        void setConstraint(const QVariant &constraint); ///< Only stores; the layout applies it.
 
         const unsigned int vStretch; ///< Summed by getVTotalStretch().
         const unsigned int hStretch; ///< Summed by getHTotalStretch().
@@ -54,6 +55,7 @@ public:
         bool m_holdsObject = false;
     };
 
+    /// Serves no figure yet: Figure::setLayoutManager() does that.
     explicit Layout(QObject *parent = nullptr);
     ~Layout() override;
 
@@ -63,9 +65,9 @@ public:
     /// The same without a constraint. Always takes four arguments, so that add(child, 0, 0) cannot
     /// mean two things.
     virtual bool add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index);
-    virtual bool remove(Figure *child); ///< False when \a child is not one of the children.
-    virtual QList<Figure *> childFigures();
-    virtual int childFigureCount() const;
+    virtual bool remove(Figure *child);     ///< False when \a child is not one of the children.
+    virtual QList<Figure *> childFigures(); ///< In paint order, the topmost last.
+    virtual int childFigureCount() const;   ///< Hidden children count.
 
     virtual QVariant getConstraint(Figure *child); ///< Invalid when there is none.
     /// Stores and applies; false only when \a child is not one of the children.
@@ -74,10 +76,12 @@ public:
     virtual QSize getPreferredSize(); ///< Of the client area; cached until invalidate().
     virtual QSize getMinimumSize();   ///< Of the client area; cached until invalidate().
 
-    virtual Qt::Orientations expandingDirections();
+    virtual Qt::Orientations expandingDirections(); ///< Both directions at first.
+    /// Whether the container takes surplus space. Only stores.
     virtual void setExpandingDirections(Qt::Orientations directions);
 
     // Searches, in the children's coordinates.
+    /// Appends the figures below the visible children: see Figure::findFigures().
     virtual void findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                        const ITreeSearch &search, bool containedOnly) const;
     /// The topmost descendant at the point; \a search alone says what is excluded.
@@ -92,10 +96,13 @@ public:
     virtual void invalidate();              ///< Forgets the cached sizes and that it is laid out.
 
     virtual void addListener(ILayoutListener *listener); ///< Not owned; null is refused.
+    /// Does nothing for one that was not added; null is refused.
     virtual void removeListener(ILayoutListener *listener);
 
 protected:
+    /// What the children like to have, without margin and border.
     virtual QSize calculatePreferredSize() = 0;
+    /// What the children need at least, without margin and border.
     virtual QSize calculateMinimumSize() = 0;
     /// Sets the children's bounds. \a clientArea is in the children's coordinates. Returns whether
     /// they are laid out now; children of a layout that is not are not painted.
@@ -109,18 +116,19 @@ public:
     Figure *getFigure() const;      ///< The container.
     void setFigure(Figure *figure); ///< Called by Figure::setLayoutManager().
 
-    Qt::Alignment getAligment() const; // spelt so on purpose: part of the interface
-    void setAlignment(Qt::Alignment alignment);
-    int getSpacing() const; ///< The gap between children, for layouts that have one.
-    void setSpacing(int spacing);
+    /// Of children in their cells, for layouts that have cells.
+    Qt::Alignment getAligment() const;          // spelt so on purpose: part of the interface
+    void setAlignment(Qt::Alignment alignment); ///< Only stores.
+    int getSpacing() const;       ///< The gap between children, for layouts that have one.
+    void setSpacing(int spacing); ///< Only stores; not checked.
 
 protected:
-    bool isLaidOut() const;
-    void setLaidOut(bool laidOut);
+    bool isLaidOut() const;        ///< False from invalidate() until performLayout() says true.
+    void setLaidOut(bool laidOut); ///< Sets the mark alone.
     LayoutHelper *
     getHelper(Figure *child) const;        ///< Null when \a child is not one of the children.
     unsigned int getHTotalStretch() const; ///< Of the visible children.
-    unsigned int getVTotalStretch() const;
+    unsigned int getVTotalStretch() const; ///< Of the visible children.
 
     /// How many children were destroyed while they were in this layout. What a subclass has cached
     /// about its children is stale when this has changed.

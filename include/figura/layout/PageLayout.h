@@ -15,6 +15,7 @@ class FIGURA_EXPORT PageLayout : public QObject
     Q_OBJECT
 
 public:
+    /// \a parent owns the page layout as a QObject.
     explicit PageLayout(QObject *parent = nullptr);
     ~PageLayout() override;
 

@@ -11,7 +11,7 @@ class FIGURA_EXPORT StackLayout : public Layout
     Q_OBJECT
 
 public:
-    explicit StackLayout(QObject *parent = nullptr);
+    explicit StackLayout(QObject *parent = nullptr); ///< \a parent owns the layout as a QObject.
     ~StackLayout() override;
 
     bool isRelativeLayout() const override; ///< False.

@@ -24,8 +24,9 @@ public:
     bool setConstraint(Figure *child, const QVariant &constraint) override;
 
 protected:
+    /// The heights and gaps added up, by the greatest width.
     QSize calculatePreferredSize() override;
-    QSize calculateMinimumSize() override;
+    QSize calculateMinimumSize() override; ///< The same from the minimum sizes.
     bool performLayout(const QRect &clientArea) override;
     bool applyConstraint(Figure *child, const QVariant &constraint) override;
 };

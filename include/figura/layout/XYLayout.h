@@ -14,7 +14,7 @@ class FIGURA_EXPORT XYLayout : public Layout
     Q_OBJECT
 
 public:
-    explicit XYLayout(QObject *parent = nullptr);
+    explicit XYLayout(QObject *parent = nullptr); ///< \a parent owns the layout as a QObject.
     ~XYLayout() override;
 
     /// The corner of the figure's client area; (0, 0) for null or an invalid client area.

@@ -11,7 +11,7 @@ class FIGURA_EXPORT Ellipse : public Shape
     Q_OBJECT
 
 public:
-    explicit Ellipse(QObject *parent = nullptr);
+    explicit Ellipse(QObject *parent = nullptr); ///< \a parent owns the figure as a QObject.
     ~Ellipse() override;
 
 protected:

@@ -11,7 +11,7 @@ class FIGURA_EXPORT Polygon : public Polyline
     Q_OBJECT
 
 public:
-    explicit Polygon(QObject *parent = nullptr);
+    explicit Polygon(QObject *parent = nullptr); ///< Without points.
     ~Polygon() override;
 
     bool contains(const QPoint &point) const override; ///< Inside the path, or in a child.

@@ -11,7 +11,7 @@ class FIGURA_EXPORT Rectangle : public Shape
     Q_OBJECT
 
 public:
-    explicit Rectangle(QObject *parent = nullptr);
+    explicit Rectangle(QObject *parent = nullptr); ///< \a parent owns the figure as a QObject.
     ~Rectangle() override;
 
 protected:

@@ -13,15 +13,16 @@ class FIGURA_EXPORT RoundedRectangle : public Shape
     Q_PROPERTY(int yRnd READ getYRnd WRITE setYRnd)
 
 public:
+    /// \a parent owns the figure as a QObject.
     explicit RoundedRectangle(QObject *parent = nullptr);
     ~RoundedRectangle() override;
 
     /// The width of the corner ellipses in percent of the rectangle's width; 25 at first. Values
     /// above 99 count as 99, below 1 the corners are square. Shows after the next change of bounds.
     void setXRnd(int percent);
-    int getXRnd() const;
+    int getXRnd() const;       ///< In percent, as stored.
     void setYRnd(int percent); ///< The same for the height.
-    int getYRnd() const;
+    int getYRnd() const;       ///< In percent, as stored.
 
 protected:
     void regeneratePath(const QRectF &rect) override;

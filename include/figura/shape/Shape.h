@@ -55,24 +55,24 @@ protected Q_SLOTS:
     virtual void regeneratePath(const QRectF &rect) = 0;
 
 public:
-    int getLineWidth() const;
-    Qt::PenStyle getLineStyle() const;
-    void setLineStyle(Qt::PenStyle style);
-    Qt::PenCapStyle getCapStyle() const;
-    void setCapStyle(Qt::PenCapStyle style); ///< Stored; painting keeps Qt's own default.
-    Qt::PenJoinStyle getJoinStyle() const;
+    int getLineWidth() const;                  ///< 1 at first.
+    Qt::PenStyle getLineStyle() const;         ///< Qt::SolidLine at first.
+    void setLineStyle(Qt::PenStyle style);     ///< Repaints.
+    Qt::PenCapStyle getCapStyle() const;       ///< Qt::SquareCap at first.
+    void setCapStyle(Qt::PenCapStyle style);   ///< Stored; painting keeps Qt's own default.
+    Qt::PenJoinStyle getJoinStyle() const;     ///< Qt::MiterJoin at first.
     void setJoinStyle(Qt::PenJoinStyle style); ///< Stored; painting keeps Qt's own default.
 
-    QColor getEnabledFGColor() const;
-    void setEnabledFGColor(const QColor &color); ///< The outline; repaints always, as all below.
-    QColor getEnabledBGColor() const;
-    void setEnabledBGColor(const QColor &color); ///< The fill.
-    QColor getDisabledFGColor() const;
+    QColor getEnabledFGColor() const;             ///< Invalid until set or painted.
+    void setEnabledFGColor(const QColor &color);  ///< The outline; repaints always, as all below.
+    QColor getEnabledBGColor() const;             ///< Invalid until set or painted.
+    void setEnabledBGColor(const QColor &color);  ///< The fill.
+    QColor getDisabledFGColor() const;            ///< Invalid until set or painted.
     void setDisabledFGColor(const QColor &color); ///< Outline and fill while disabled.
     QColor getDisabledBGColor() const;            ///< The disabled foreground, on purpose.
     void setDisabledBGColor(const QColor &color); ///< Stored, but not painted with.
-    bool getFill() const;
-    void setFill(bool fill);
+    bool getFill() const;                         ///< True at first, except for polylines.
+    void setFill(bool fill); ///< Whether the path is filled as well as outlined.
 
     /// Builds the path for the current bounds, attached or not; repaints the old and the new area.
     /// Invalid bounds have no effect, except on polylines.
@@ -84,10 +84,12 @@ public:
     void removeNotify() override;
 
 protected:
+    /// Sets pen and brush by the state of the figure and calls drawShape().
     void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
+    /// The outline, for subclasses that build it. In the coordinate system of the bounds.
     QPainterPath &painterPath();
-    const QPainterPath &getPainterPath() const;
+    const QPainterPath &getPainterPath() const; ///< The outline, empty until it was built.
     /// \a path in absolute coordinates while the figure is attached, else as it is.
     QPainterPath absolutePath(const QPainterPath &path) const;
     void clipToPath(QPainter *painter) const; ///< Narrows the clip, unless the path is empty.

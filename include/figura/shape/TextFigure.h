@@ -14,22 +14,23 @@ class FIGURA_EXPORT TextFigure : public Figure
     Q_OBJECT
 
 public:
+    /// The size is that of \a text in the application's font.
     explicit TextFigure(const QString &text, QObject *parent = nullptr,
                         const QColor &backgroundColor = Qt::white);
     explicit TextFigure(QObject *parent = nullptr); ///< Empty text on white.
     ~TextFigure() override;
 
-    QString getText() const;
-    void setText(const QString &text);
-    QFont getFont() const;
-    void setFont(const QFont &font);
+    QString getText() const;           ///< Empty at first.
+    void setText(const QString &text); ///< Equal text has no effect.
+    QFont getFont() const;             ///< The application's font at first.
+    void setFont(const QFont &font);   ///< Equal fonts have no effect.
 
     int getIndent() const;      ///< Space before the text, in figure units.
     void setIndent(int indent); ///< A negative value counts as 0, but only after the comparison.
 
-    QColor getTextColor() const; ///< Invalid at first, which paints black.
-    void setTextColor(const QColor &color);
-    Qt::Alignment getAlignment() const;
+    QColor getTextColor() const;                ///< Invalid at first, which paints black.
+    void setTextColor(const QColor &color);     ///< Repaints when it differs.
+    Qt::Alignment getAlignment() const;         ///< Qt::AlignLeft at first.
     void setAlignment(Qt::Alignment alignment); ///< Inside the bounds; does not change the size.
 
     /// Rounds the size up to whole steps of 5 units, from the next change of content on.
@@ -37,6 +38,7 @@ public:
 
 protected:
     QSize calculateContentSize() override;
+    /// The text, in option.rect less the indent.
     void drawFigure(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:

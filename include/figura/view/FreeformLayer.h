@@ -27,13 +27,13 @@ public:
 
     /// Space kept around the children, in content units; a negative value counts as 0. Only stores.
     void setExtentPadding(int padding);
-    int getExtentPadding() const;
+    int getExtentPadding() const; ///< 0 at first.
 
-    void setContentMonitored(bool monitored);
-    bool isContentMonitored() const;
+    void setContentMonitored(bool monitored); ///< See FreeformLayout::setContentMonitored().
+    bool isContentMonitored() const; ///< False when the layout manager is not a FreeformLayout.
 
 Q_SIGNALS:
-    void extentChanged() override;
+    void extentChanged() override; ///< The layout's extent has become another.
 
 private:
     int m_extentPadding = 0;

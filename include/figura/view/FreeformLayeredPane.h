@@ -40,12 +40,12 @@ public:
     /// Sets the bounds of the pane and of all its visible freeform layers.
     void setFreeformBounds(const QRect &rect) override;
 
-    void setDrawGrid(bool on);
+    void setDrawGrid(bool on); ///< Off at first.
     /// The distance of the grid lines in content units; below 2 there is no grid.
     void setSnapSize(int size);
 
 Q_SIGNALS:
-    void extentChanged() override;
+    void extentChanged() override; ///< The union of the layers' extents has become another.
 
 protected:
     /// The grid alone: the background colour is not painted.

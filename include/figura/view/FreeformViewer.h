@@ -36,6 +36,7 @@ class FIGURA_EXPORT FreeformViewer : public QScrollArea, public IFigureViewer, p
     Q_PROPERTY(bool extentHandling READ extentHandlingEnabled WRITE enableExtentHandling)
 
 public:
+    /// Comes with its widget and its update manager, without content.
     explicit FreeformViewer(QWidget *parent = nullptr);
     ~FreeformViewer() override;
 
@@ -49,7 +50,7 @@ public:
 
     // IFigureViewer
 
-    UpdateManager *getUpdateManager() override;
+    UpdateManager *getUpdateManager() override; ///< Null after setUpdateManager() took it away.
     /// Deletes the previous one later, even when it is \a manager itself. Takes no null for an
     /// update manager: null only drops the previous one.
     void setUpdateManager(UpdateManager *manager) override;
@@ -61,7 +62,7 @@ public:
 
     // IViewport
 
-    Figure *getContent() const override;
+    Figure *getContent() const override;                         ///< Null when there is none.
     int getPageStep(Qt::Orientation orientation) const override; ///< In pixels; else 0.
     QPoint getViewLocation() override; ///< The content point at the viewport's top left pixel.
     QRect getViewRect() override;      ///< The visible area in content coordinates.
@@ -73,34 +74,37 @@ public:
     void update() override; ///< Of the inner widget.
     using QWidget::repaint;
     void repaint() override; ///< Of the inner widget.
+    /// Resizes the viewer and its viewport to \a size, in pixels.
     void resizeViewport(const QSize &size) override;
     void setXYMargins(int xMargin, int yMargin) override; ///< See FreeformWidget::setMargins().
 
-    QPointF toContent(const QPointF &point) override; ///< From viewport coordinates.
-    QPoint toContent(const QPoint &point) override;   ///< Halves round away from zero.
-    QRectF toContent(const QRectF &rect) override;
-    QRect toContent(const QRect &rect) override;
+    QPointF toContent(const QPointF &point) override;   ///< From viewport coordinates.
+    QPoint toContent(const QPoint &point) override;     ///< Halves round away from zero.
+    QRectF toContent(const QRectF &rect) override;      ///< \overload
+    QRect toContent(const QRect &rect) override;        ///< \overload
     QPointF fromContent(const QPointF &point) override; ///< To viewport coordinates.
     QPoint fromContent(const QPoint &point) override;   ///< Halves round away from zero.
-    QRectF fromContent(const QRectF &rect) override;
-    QRect fromContent(const QRect &rect) override;
+    QRectF fromContent(const QRectF &rect) override;    ///< \overload
+    QRect fromContent(const QRect &rect) override;      ///< \overload
 
-    double getScale() const;
-    void resetScaleBounds(); ///< See FreeformWidget::resetScaleBounds().
-    void enableExtentHandling(bool on);
-    bool extentHandlingEnabled() const;
-    void setHighlighted(bool highlighted);
-    void setHighlightStyle(int style);
+    double getScale() const;               ///< Pixels per content unit; 1 at first.
+    void resetScaleBounds();               ///< See FreeformWidget::resetScaleBounds().
+    void enableExtentHandling(bool on);    ///< See FreeformWidget::enableExtentHandling().
+    bool extentHandlingEnabled() const;    ///< True at first.
+    void setHighlighted(bool highlighted); ///< See FreeformWidget::setHighlighted().
+    void setHighlightStyle(int style);     ///< See FreeformWidget::setHighlightStyle().
 
     /// Rules for printed pages; not owned, null for none.
     void setPageLayout(PageLayout *pageLayout);
-    PageLayout *getPageLayout() const;
+    PageLayout *getPageLayout() const; ///< Null when there is none.
 
     /// Where the mouse was pressed last, in content coordinates. Without a press it is the centre
     /// of the view rectangle, which is then kept until resetLastClickLocation().
     QPoint getLastClickLocation();
+    /// The next question is answered by the view rectangle, unless a press comes first.
     void resetLastClickLocation();
 
+    /// Keeps the scroll area from placing the widget in the middle of a zoom.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
@@ -117,8 +121,10 @@ private Q_SLOTS:
     void moveViewTo(int x, int y);
 
 protected:
+    /// Grows the canvas so that it fills the viewport.
     void resizeEvent(QResizeEvent *event) override;
-    void scrollContentsBy(int dx, int dy) override;
+    void scrollContentsBy(int dx, int dy) override; ///< Scrolls, except in the middle of a zoom.
+    /// Also remembers the place: getLastClickLocation().
     void mousePressEvent(QMouseEvent *event) override;
 
 private:

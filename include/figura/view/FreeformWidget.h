@@ -45,13 +45,14 @@ class FIGURA_EXPORT FreeformWidget : public QWidget
     Q_PROPERTY(int highlightStyle READ getHighlightStyle WRITE setHighlightStyle)
 
 public:
+    /// Made by \a viewer for itself.
     explicit FreeformWidget(FreeformViewer *viewer, Qt::WindowFlags flags = Qt::WindowFlags());
     ~FreeformWidget() override;
 
     // New virtual operations stand before the overrides: the order of the virtual table depends on
     // it.
 
-    virtual UpdateManager *getUpdateManager() const;
+    virtual UpdateManager *getUpdateManager() const;       ///< Null when there is none.
     virtual void setUpdateManager(UpdateManager *manager); ///< Not owned; handed to the content.
     virtual QRect &elasticBand(); ///< The rubber band, in logical coordinates; drawn while valid.
 
@@ -64,10 +65,11 @@ public:
     /// The same area at scale 1 on the palette's Base colour; null where print() does nothing.
     virtual QPixmap printToPixmap(const QString &layerName, const QRect &rect = QRect());
 
-    virtual QPointF toLogical(const QPointF &point);
-    virtual QRectF toLogical(const QRectF &rect);
+    virtual QPointF toLogical(const QPointF &point); ///< From widget pixels to logical coordinates.
+    virtual QRectF toLogical(const QRectF &rect);    ///< \overload
+    /// From logical coordinates to widget pixels.
     virtual QPointF fromLogical(const QPointF &point);
-    virtual QRectF fromLogical(const QRectF &rect);
+    virtual QRectF fromLogical(const QRectF &rect); ///< \overload
 
     virtual QStyleOptionViewItem viewOptions(); ///< What figures are rendered with.
 
@@ -76,9 +78,10 @@ public:
     /// Takes a FreeformLayeredPane; anything else, and null, is refused with a warning. The former
     /// content is let go as it is. Makes the content's background transparent.
     bool setContent(Figure *content);
-    Figure *getContent() const;
+    Figure *getContent() const; ///< Null when there is none.
 
     QPointF getPointAtOrigin() const; ///< The logical point at widget pixel (0, 0).
+    /// Changes the mapping and repaints; neither widget nor content is resized.
     void setPointAtOrigin(const QPoint &point);
 
     double getScale() const; ///< Widget pixels per logical unit.
@@ -94,12 +97,12 @@ public:
 
     /// Space around the extent in logical units; negative values count as 0. Does not repaint.
     void setMargins(int xMargin, int yMargin);
-    int getXMargin() const;
-    int getYMargin() const;
+    int getXMargin() const; ///< 50 at first.
+    int getYMargin() const; ///< 50 at first.
 
-    void enableExtentHandling(bool on);
-    bool extentHandlingEnabled() const;
-    bool isResizing() const; ///< True while a change of scale resizes the widget.
+    void enableExtentHandling(bool on); ///< Whether contentExtentChanged() reads the new extent.
+    bool extentHandlingEnabled() const; ///< True at first.
+    bool isResizing() const;            ///< True while a change of scale resizes the widget.
 
     /// Grows the content so that it holds \a rect. Returns whether it has to grow; with \a apply
     /// false it only answers.
@@ -111,16 +114,17 @@ public:
     void restoreBounds(); ///< Gives them back to it.
 
     void setHighlighted(bool highlighted); ///< A frame around the visible area.
-    bool isHighlighted() const;
-    void setHighlightStyle(int style); ///< 1 is a rubber band, any other value a focus frame.
-    int getHighlightStyle() const;
+    bool isHighlighted() const;            ///< False at first.
+    void setHighlightStyle(int style);     ///< 1 is a rubber band, any other value a focus frame.
+    int getHighlightStyle() const;         ///< A focus frame at first.
 
 public Q_SLOTS:
     /// Leaves the canvas as it is, on purpose: the viewer grows and shrinks it.
     void contentExtentChanged();
 
 protected:
-    bool event(QEvent *event) override;
+    bool event(QEvent *event) override; ///< Passes hover moves on to the viewer.
+    /// Validates what is queued, then renders the damaged part of the content.
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -17,9 +17,10 @@ class FIGURA_EXPORT IFigureViewer
 public:
     virtual ~IFigureViewer();
 
-    virtual UpdateManager *getUpdateManager() = 0;
+    virtual UpdateManager *getUpdateManager() = 0; ///< Null when there is none.
+    /// Takes the place of the one before.
     virtual void setUpdateManager(UpdateManager *manager) = 0;
-    virtual IViewport *getViewport() = 0;
+    virtual IViewport *getViewport() = 0; ///< What of the content is visible.
 
     /// Requests a repaint of what shows \a rect, a rectangle in absolute coordinates.
     virtual void updateContentRect(const QRect &rect) = 0;

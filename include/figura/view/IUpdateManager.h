@@ -16,10 +16,13 @@ class FIGURA_EXPORT IUpdateManager
 public:
     virtual ~IUpdateManager();
 
+    /// Asks for a repaint of \a rect, in the coordinate system of the figure's bounds.
     virtual void addDirtyRegion(Figure *figure, const QRect &rect) = 0;
+    /// Asks for a repaint of \a rect, in absolute coordinates.
     virtual void addDirtyRegion(const QRect &rect) = 0;
+    /// Queues \a figure for the next validation.
     virtual void addInvalidFigure(Figure *figure) = 0;
-    virtual void performUpdate() = 0;
+    virtual void performUpdate() = 0; ///< Validates what is queued.
 };
 
 } // namespace Velmora::Figura

@@ -11,7 +11,7 @@ class FIGURA_EXPORT Layer : public Figure
     Q_OBJECT
 
 public:
-    explicit Layer(QObject *parent = nullptr);
+    explicit Layer(QObject *parent = nullptr); ///< \a parent owns the layer as a QObject.
     ~Layer() override;
 
 protected:

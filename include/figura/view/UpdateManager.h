@@ -27,11 +27,12 @@ class FIGURA_EXPORT UpdateManager : public QObject, public IUpdateManager
     Q_PROPERTY(IFigureViewer *viewer READ getViewer WRITE setViewer)
 
 public:
+    /// Without a viewer; a FreeformViewer sets itself.
     explicit UpdateManager(QObject *parent = nullptr);
     ~UpdateManager() override;
 
-    void setViewer(IFigureViewer *viewer);
-    IFigureViewer *getViewer() const;
+    void setViewer(IFigureViewer *viewer); ///< Not owned; null for none.
+    IFigureViewer *getViewer() const;      ///< Null when there is none.
 
     /// Reports damage. \a rect is in the coordinate system of the figure's bounds; \a figure must
     /// not be null.
