@@ -29,9 +29,9 @@ public:
             return;
         m_owner = owner;
         const Layout *layout = layoutOf(owner);
-        if (layout && isUnchanged(LayoutChildren::of(layout).figures())) {
+        if (layout && isUnchanged(ChildTable::of(layout).figures())) {
             m_layout = layout;
-            m_revision = LayoutChildren::of(layout).revision();
+            m_revision = ChildTable::of(layout).revision();
         }
     }
 
@@ -43,8 +43,8 @@ public:
             return false;
         const Layout *layout = layoutOf(m_owner.data());
         if (layout && layout == m_layout) {
-            const LayoutChildren &present = LayoutChildren::of(layout);
-            return present.revision() == m_revision || present.record(child);
+            const ChildTable &present = ChildTable::of(layout);
+            return present.revision() == m_revision || present.find(child);
         }
         const QList<Figure *> present = childrenOf(m_owner.data());
         return isUnchanged(present) || present.contains(child);

@@ -1,6 +1,7 @@
 #include <figura/layout/FreeformLayout.h>
 
 #include "extenttree_p.h"
+#include "figure/childwalk_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
 

@@ -87,7 +87,6 @@ void Layout::LayoutHelper::setConstraint(const QVariant &constraint)
 
 Layout::Layout(QObject *parent)
     : QObject(parent)
-    , m_children(std::make_unique<LayoutChildren>())
 {
 }
 

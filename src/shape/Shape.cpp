@@ -7,6 +7,7 @@
 
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
+#include "figure/childwalk_p.h"
 #include "layout/childtable_p.h"
 
 #include <QPainter>
