@@ -1,5 +1,7 @@
 #include <figura/view/FreeformLayeredPane.h>
 
+#include "figure/paintregion_p.h"
+
 #include <figura/layout/FreeformStackLayout.h>
 #include <figura/view/FreeformLayer.h>
 
@@ -27,6 +29,57 @@ FreeformStackLayout *freeformStack(const Figure *figure)
 {
     return qobject_cast<FreeformStackLayout *>(figure->getLayoutManager());
 }
+
+QRect damagedPart(const QPainter *painter, const QRect &rect)
+{
+    QRect damage;
+    for (const QRect &part : PaintRegion::rectsFor(painter, rect))
+        damage |= part;
+    return painter->hasClipping() ? damage & painter->clipBoundingRect().toAlignedRect() : damage;
+}
+
+/// The grid along one axis: where it has lines, and from where to where the others run along it.
+/// Only for the damaged part, lest a pane that is far larger than the window had millions of lines.
+class GridRange
+{
+public:
+    GridRange(int from, int to, int damagedFrom, int damagedTo, int spacing)
+        : m_from(from)
+        , m_to(to)
+        , m_damagedFrom(qint64(damagedFrom) - penWidth)
+        , m_damagedTo(qint64(damagedTo) + penWidth)
+        , m_spacing(spacing)
+    {
+    }
+
+    // The remainder truncates, so with a negative corner the first line lies inside the rectangle
+    // instead of before it. All the lines are on multiples of the spacing either way.
+    qint64 first() const
+    {
+        const qint64 line = m_from - m_from % m_spacing;
+        const qint64 missed = std::max<qint64>(m_damagedFrom - line, 0);
+        return line + (missed + m_spacing - 1) / m_spacing * m_spacing;
+    }
+    qint64 last() const { return std::min(m_to - 1, m_damagedTo); }
+
+    // Whole blocks are left out, so that the dots stay where they are.
+    int from() const
+    {
+        const qint64 missed = std::max<qint64>(m_damagedFrom - m_from, 0);
+        return int(m_from + missed / block * block);
+    }
+    int to() const { return int(std::min(m_to, m_damagedTo + block)); }
+
+private:
+    static constexpr qint64 penWidth = 1;
+    static constexpr qint64 block = 3 * 4096; // of dots, each with a gap of two
+
+    const qint64 m_from;
+    const qint64 m_to;
+    const qint64 m_damagedFrom;
+    const qint64 m_damagedTo;
+    const qint64 m_spacing;
+};
 
 } // namespace
 
@@ -133,19 +186,20 @@ void FreeformLayeredPane::drawSubGrid(QPainter *painter, const QStyleOptionViewI
     drawGrid(painter, option.rect, m_snapSize);
 }
 
-// The remainder truncates, so with a negative corner the first line lies inside the rectangle
-// instead of before it. All the lines are on multiples of the spacing either way.
 void FreeformLayeredPane::drawGrid(QPainter *painter, const QRect &rect, int spacing) const
 {
     if (spacing < 1)
         return;
 
-    const qint64 step = spacing; // the sum may leave the range of int
+    const QRect damage = damagedPart(painter, rect);
+    const GridRange across(rect.left(), rect.right(), damage.left(), damage.right(), spacing);
+    const GridRange down(rect.top(), rect.bottom(), damage.top(), damage.bottom(), spacing);
+
     QList<QLine> lines;
-    for (qint64 y = rect.top() - rect.top() % step; y < rect.bottom(); y += step)
-        lines.append(QLine(rect.left(), int(y), rect.right(), int(y)));
-    for (qint64 x = rect.left() - rect.left() % step; x < rect.right(); x += step)
-        lines.append(QLine(int(x), rect.top(), int(x), rect.bottom()));
+    for (qint64 y = down.first(); y <= down.last(); y += spacing)
+        lines.append(QLine(across.from(), int(y), across.to(), int(y)));
+    for (qint64 x = across.first(); x <= across.last(); x += spacing)
+        lines.append(QLine(int(x), down.from(), int(x), down.to()));
     painter->drawLines(lines);
 }
 

@@ -50,6 +50,7 @@ public:
     };
     Q_ENUM(Routing)
 
+    /// The decoration at an end of a connection.
     enum class Arrow {
         None,
         Open,   ///< Two strokes.
@@ -57,6 +58,7 @@ public:
     };
     Q_ENUM(Arrow)
 
+    /// Which end of a connection.
     enum class End { Source, Target };
     Q_ENUM(End)
 
@@ -64,6 +66,7 @@ public:
     static const QString CONNECTIONS; ///< "figures", "connections" and
     static const QString FEEDBACK;    ///< "feedback".
 
+    /// Empty, with its layers. \a parent owns it as a QObject.
     explicit Diagram(QObject *parent = nullptr);
     ~Diagram() override;
 
@@ -73,7 +76,9 @@ public:
 
     /// What a viewer takes as its content. DiagramView::setDiagram() does more than setContent().
     FreeformLayeredPane *getPane() const;
+    /// Where the figures are. Never null.
     FreeformLayer *getFigureLayer() const;
+    /// Where the connections are, above the figures. Never null.
     ConnectionLayer *getConnectionLayer() const;
     /// For handles, guides and bands, above all else: add figures to it with a rectangle. They
     /// count neither for the extent nor for render(), and they are not exported.
@@ -132,11 +137,15 @@ public:
     QList<PolylineConnection *> getConnections() const; ///< In paint order.
     /// Those that begin or end at \a figure itself, each once, in the order of their making.
     QList<PolylineConnection *> getConnections(const Figure *figure) const;
+    /// As given to connect() or reconnect(); null for strangers.
     Figure *getSource(const PolylineConnection *connection) const;
+    /// As getSource(), at the other end.
     Figure *getTarget(const PolylineConnection *connection) const;
 
+    /// Straight for strangers.
     Routing getRouting(const PolylineConnection *connection) const;
     bool setRouting(PolylineConnection *connection, Routing routing); ///< Bendpoints are kept.
+    /// As set, whatever the routing is.
     QList<QPoint> getBendpoints(const PolylineConnection *connection) const;
     /// Takes effect while the routing is Routing::Bendpoints, and is kept while it is not.
     bool setBendpoints(PolylineConnection *connection, const QList<QPoint> &points);
@@ -144,6 +153,7 @@ public:
     /// the diagram holds and not on how it came to hold it.
     void reroute();
 
+    /// None for strangers.
     Arrow getArrow(const PolylineConnection *connection, End end) const;
     /// In the colour and width that the line has now.
     bool setArrow(PolylineConnection *connection, End end, Arrow arrow);
@@ -151,6 +161,7 @@ public:
     /// Keeps \a text at the middle of the connection; an empty text takes the label away. Returns
     /// the label, owned by the connection, which may be styled; null when there is none.
     TextFigure *setLabel(PolylineConnection *connection, const QString &text);
+    /// Null when there is none.
     TextFigure *getLabel(const PolylineConnection *connection) const;
 
     // Asking.
@@ -174,6 +185,7 @@ public:
 
     /// Smooth edges, on at first.
     bool isAntialiased() const;
+    /// Repaints.
     void setAntialiased(bool on);
 
     /// Paints what meets \a area, unclipped, without background, grid and feedback.
@@ -182,10 +194,12 @@ public:
     void render(QPainter *painter, const QRect &area, const QList<Figure *> &figures);
 
 Q_SIGNALS:
+    /// After \a figure was added.
     void figureAdded(Figure *figure);
     /// After a figure has left. One that the program destroyed is only an address by now.
     void figureRemoved(Figure *figure);
     void figureMoved(Figure *figure); ///< After a figure that was added has moved or resized.
+    /// After \a connection was added.
     void connectionAdded(PolylineConnection *connection);
     void connectionRemoved(PolylineConnection *connection); ///< As figureRemoved().
 

@@ -28,10 +28,13 @@ class FIGURA_DIAGRAM_EXPORT DiagramView : public FreeformViewer
     Q_OBJECT
 
 public:
+    /// Without a diagram.
     explicit DiagramView(QWidget *parent = nullptr);
+    /// Shows \a diagram, which is not owned.
     explicit DiagramView(Diagram *diagram, QWidget *parent = nullptr);
     ~DiagramView() override;
 
+    /// Null when there is none.
     Diagram *getDiagram() const;
     /// Shows \a diagram, which is not owned; null for none. A diagram shows in one view: any other
     /// lets it go. What fits is centred, else the top left corner is shown.
@@ -64,26 +67,28 @@ Q_SIGNALS:
     /// Scrolling, zooming and exposing do not count.
     void contentDamaged(const QRect &rect);
     void viewChanged(); ///< Another part of the diagram is visible, or at another scale.
+    /// \a diagram, which may be null, is shown from now on.
     void diagramChanged(Diagram *diagram);
 
 public Q_SLOTS:
     void zoomIn(); ///< By a quarter about the centre.
+    /// The reverse of zoomIn().
     void zoomOut();
     void zoomToFit();    ///< Shows everything, at most at scale 1.
     void zoomToNormal(); ///< Scale 1, about the centre.
 
 protected:
-    bool viewportEvent(QEvent *event) override;
-    void wheelEvent(QWheelEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void keyReleaseEvent(QKeyEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void scrollContentsBy(int dx, int dy) override;
+    bool viewportEvent(QEvent *event) override;          ///< From Qt.
+    void wheelEvent(QWheelEvent *event) override;        ///< From Qt.
+    void mousePressEvent(QMouseEvent *event) override;   ///< From Qt.
+    void mouseMoveEvent(QMouseEvent *event) override;    ///< From Qt.
+    void mouseReleaseEvent(QMouseEvent *event) override; ///< From Qt.
+    void keyPressEvent(QKeyEvent *event) override;       ///< From Qt.
+    void keyReleaseEvent(QKeyEvent *event) override;     ///< From Qt.
+    void focusOutEvent(QFocusEvent *event) override;     ///< From Qt.
+    void showEvent(QShowEvent *event) override;          ///< From Qt.
+    void resizeEvent(QResizeEvent *event) override;      ///< From Qt.
+    void scrollContentsBy(int dx, int dy) override;      ///< From Qt.
 
 private:
     void prepare();

@@ -24,24 +24,27 @@ class FIGURA_DIAGRAM_EXPORT Overview : public QWidget
     Q_OBJECT
 
 public:
+    /// Without a view.
     explicit Overview(QWidget *parent = nullptr);
+    /// Accompanies \a view, which is not owned.
     explicit Overview(DiagramView *view, QWidget *parent = nullptr);
     ~Overview() override;
 
+    /// Null when there is none.
     DiagramView *getView() const;
     void setView(DiagramView *view); ///< Not owned; null for none.
 
     QPointF toContent(const QPointF &position) const; ///< From pixels of this widget.
     QRectF fromContent(const QRectF &rect) const;     ///< To pixels of this widget.
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override; ///< In pixels.
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;      ///< From Qt.
+    void showEvent(QShowEvent *event) override;        ///< From Qt.
+    void resizeEvent(QResizeEvent *event) override;    ///< From Qt.
+    void mousePressEvent(QMouseEvent *event) override; ///< From Qt.
+    void mouseMoveEvent(QMouseEvent *event) override;  ///< From Qt.
 
 private:
     void prepare();

@@ -21,6 +21,7 @@ class Figure;
 /// What exportDiagram() writes.
 struct FIGURA_DIAGRAM_EXPORT DiagramExport
 {
+    /// The kinds of files.
     enum class Format {
         Auto, ///< By the suffix of the file name.
         Svg,
@@ -28,6 +29,7 @@ struct FIGURA_DIAGRAM_EXPORT DiagramExport
         Png,
     };
 
+    /// What to write.
     Format format = Format::Auto;
     /// Only these figures and the connections between them; all when empty.
     QList<Figure *> figures;

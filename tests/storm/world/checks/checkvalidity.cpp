@@ -4,11 +4,12 @@
 
 namespace Velmora::Figura::Storm {
 
-// What a pass has promised is checked after that pass; here it is about what the pass has dropped.
+// What a pass has promised is checked after that pass; here it is about what the pass has dropped,
+// and a widget would show.
 void checkValidity(World &world)
 {
     UpdateWatch *manager = world.updateManager();
-    if (!manager)
+    if (!manager || !world.stage.widget())
         return;
     for (Figure *figure : manager->leftInvalid())
         world.report("validity", describe(figure) + " was dropped and stays invalid");

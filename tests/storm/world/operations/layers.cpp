@@ -46,11 +46,13 @@ void removeLayer(World &world, Numbers &numbers)
         pane->removeLayer(layer->objectName());
 }
 
+// What is the content of a viewer has no parent: in another pane it would have that one's manager.
 void addLayerAgain(World &world, Numbers &numbers)
 {
     auto *layer = world.pick<Layer>(numbers);
     FreeformLayeredPane *pane = world.panes.pick(numbers);
-    if (layer && pane && !layer->getParentFigure() && !isWithin(pane, layer))
+    if (layer && pane && layer != world.content() && !layer->getParentFigure() &&
+        !isWithin(pane, layer))
         pane->addLayer(layer, world.newKey());
 }
 
