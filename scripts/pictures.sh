@@ -16,7 +16,8 @@ TEXT
 build=$root/build/dev
 images=$root/docs/images
 samples=$build/docs/guide/samples/guide-samples
-scenes=(circle-layout coordinates damage diamonds many-figures routers survivors zoomed-at-mouse)
+scenes=(circle-layout coordinates damage diagrams diamonds many-figures routers survivors
+    zoomed-at-mouse)
 
 list_programs()
 {

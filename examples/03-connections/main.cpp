@@ -2,7 +2,7 @@
 #include <figura/Figura.h>
 
 #include <QApplication>
-#include <QVariantAnimation>
+#include <QPropertyAnimation>
 
 using namespace Velmora::Figura;
 
@@ -42,14 +42,12 @@ void addLabel(PolylineConnection *connection, const QString &text)
 // Back and forth between two places, for as long as the program runs.
 void wander(Figure *figure, const QPoint &from, const QPoint &to)
 {
-    auto *animation = new QVariantAnimation(figure);
+    const QSize size = figure->getBounds().size();
+    const QRect home(from, size);
+    auto *animation = new QPropertyAnimation(figure, "bounds", figure);
     animation->setDuration(4000);
     animation->setLoopCount(-1);
-    animation->setKeyValues({{0.0, from}, {0.5, to}, {1.0, from}});
-    QObject::connect(animation, &QVariantAnimation::valueChanged, figure,
-                     [figure](const QVariant &topLeft) {
-                         figure->setBounds(QRect(topLeft.toPoint(), figure->getBounds().size()));
-                     });
+    animation->setKeyValues({{0.0, home}, {0.5, QRect(to, size)}, {1.0, home}});
     animation->start();
 }
 

@@ -92,13 +92,12 @@ int AncestorHelper::firstHook(Figure *figure) const
     return -1;
 }
 
+// Also when the watched figure is gone already: a hub must not keep a helper that is destroyed.
 void AncestorHelper::cleanup()
 {
-    if (!m_figure)
-        return;
-    Figure *figure = m_figure;
     m_figure.clear();
-    removeAncestors(figure);
+    for (const Hook &hook : std::exchange(m_chain, {}))
+        unhook(hook);
 }
 
 void AncestorHelper::tell(void (AncestorHelper::*own)(Figure *), void (Figure::*relayed)(Figure *),

@@ -41,6 +41,15 @@ bool isHairline(const QPen &pen)
            pen.brush().style() == Qt::SolidPattern && isOpaque(pen.color());
 }
 
+// Qt leaves out a corner of an outline that begins left of the device or above it.
+bool isInside(const QPainter *painter, const QRect &rect)
+{
+    const QPaintDevice *device = painter->paintEngine()->paintDevice();
+    const QTransform &transform = painter->deviceTransform();
+    const QRect painted = rect.translated(int(transform.dx()), int(transform.dy()));
+    return QRect(0, 0, device->width(), device->height()).contains(painted.adjusted(0, 0, 1, 1));
+}
+
 bool isFlat(const QBrush &brush)
 {
     return brush.style() == Qt::NoBrush ||
@@ -104,7 +113,7 @@ bool RectangleSource::draw(QPainter *painter, const QPointF &offset) const
     const QRect rect = moved.toRect();
     if (QRectF(rect) != moved || !isWhole(moved.x()) || !isWhole(moved.y()) || rect.width() < 2 ||
         rect.height() < 2 || !isPlain(painter) || !isHairline(painter->pen()) ||
-        !isFlat(painter->brush()))
+        !isFlat(painter->brush()) || !isInside(painter, rect))
         return false;
 
     const QColor line = painter->pen().color();

@@ -16,6 +16,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace Editor;
 using namespace Editor::EditorFixtures;
 
@@ -29,6 +32,7 @@ private Q_SLOTS:
     void anyDocumentIsReadAsItWasWritten();
     void aDocumentIsSavedAndLoaded();
     void aFailedSaveLeavesTheFormerFile();
+    void aFullDiskLeavesTheFormerFile();
     void aFileThatCannotBeReadIsOneLine_data();
     void aFileThatCannotBeReadIsOneLine();
     void aFolderIsNoDocument();
@@ -120,6 +124,24 @@ QByteArray nested(const QByteArray &bytes, QRandomGenerator &random)
     return withNumber(bytes, QByteArray(depth, '[') + QByteArray(depth, ']'), random);
 }
 
+// Lets files grow no further than to some bytes, as on a full disk.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit tight{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &tight);
+    }
+
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
 using Damage = QByteArray (*)(QByteArray, QRandomGenerator &);
 
 } // namespace
@@ -177,6 +199,23 @@ void tst_EditorFiles::aFailedSaveLeavesTheFormerFile()
 
     QVERIFY2(problem.startsWith(m_folder->path() + QStringLiteral(": ")), qPrintable(problem));
     QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void tst_EditorFiles::aFullDiskLeavesTheFormerFile()
+{
+    const QString file = path(QStringLiteral("a.figura"));
+    QCOMPARE(DocumentFile::save(file, smallContent()), QString());
+    Content more = smallContent();
+    more.nodes.first().text = QStringLiteral("more");
+    QString problem;
+    {
+        const FullDisk disk(100);
+        problem = DocumentFile::save(file, more);
+    }
+
+    QVERIFY2(problem.startsWith(file + QStringLiteral(": ")), qPrintable(problem));
+    QCOMPARE(DocumentFile::load(file).content, smallContent());
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.figura"});
 }
 
 void tst_EditorFiles::aFileThatCannotBeReadIsOneLine_data()

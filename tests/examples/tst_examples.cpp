@@ -85,6 +85,7 @@ void tst_Examples::eachProgramShowsWhatItsPictureShows_data()
     addScene("circle-layout");
     addScene("coordinates");
     addScene("damage");
+    addScene("diagrams");
     addScene("diamonds");
     addScene("many-figures");
     addScene("routers");

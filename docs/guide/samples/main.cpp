@@ -14,6 +14,7 @@ const QHash<QString, QImage (*)()> scenes{
     {QStringLiteral("circle-layout"), circleLayout},
     {QStringLiteral("coordinates"), coordinates},
     {QStringLiteral("damage"), damage},
+    {QStringLiteral("diagrams"), diagrams},
     {QStringLiteral("diamonds"), diamonds},
     {QStringLiteral("many-figures"), manyFigures},
     {QStringLiteral("routers"), routers},

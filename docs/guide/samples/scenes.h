@@ -11,6 +11,7 @@ namespace GuideSamples {
 QImage circleLayout();
 QImage coordinates();
 QImage damage();
+QImage diagrams();
 QImage diamonds();
 QImage manyFigures();
 QImage routers();

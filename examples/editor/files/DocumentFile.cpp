@@ -32,7 +32,9 @@ QByteArray DocumentFile::readAll(const QString &path, QString *problem)
 QString DocumentFile::writeAll(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    // What is still in its buffer when it commits, a full disk swallows without a word.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+        file.commit())
         return {};
     return told(path, file.errorString());
 }

@@ -40,6 +40,18 @@ class TextFigure;
 class FIGURA_DIAGRAM_EXPORT Diagram : public QObject
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/connection/ConnectionLayer.h")
+    Q_MOC_INCLUDE("figura/view/FreeformLayer.h")
+    Q_MOC_INCLUDE("figura/view/FreeformLayeredPane.h")
+
+    Q_PROPERTY(FreeformLayeredPane *pane READ getPane)
+    Q_PROPERTY(FreeformLayer *figureLayer READ getFigureLayer)
+    Q_PROPERTY(ConnectionLayer *connectionLayer READ getConnectionLayer)
+    Q_PROPERTY(FreeformLayer *feedbackLayer READ getFeedbackLayer)
+    Q_PROPERTY(QList<Figure *> figures READ getFigures)
+    Q_PROPERTY(QList<PolylineConnection *> connections READ getConnections)
+    Q_PROPERTY(QRect extent READ getExtent)
+    Q_PROPERTY(bool antialiased READ isAntialiased WRITE setAntialiased)
 
 public:
     /// How a connection finds its way.

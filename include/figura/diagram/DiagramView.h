@@ -26,6 +26,11 @@ namespace Velmora::Figura {
 class FIGURA_DIAGRAM_EXPORT DiagramView : public FreeformViewer
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/view/FreeformWidget.h")
+
+    Q_PROPERTY(Diagram *diagram READ getDiagram WRITE setDiagram NOTIFY diagramChanged)
+    Q_PROPERTY(FreeformWidget *canvas READ getCanvas)
+    Q_PROPERTY(bool panning READ isPanning)
 
 public:
     /// Without a diagram.

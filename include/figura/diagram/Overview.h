@@ -22,6 +22,9 @@ class DiagramView;
 class FIGURA_DIAGRAM_EXPORT Overview : public QWidget
 {
     Q_OBJECT
+    Q_MOC_INCLUDE("figura/diagram/DiagramView.h")
+
+    Q_PROPERTY(DiagramView *view READ getView WRITE setView)
 
 public:
     /// Without a view.

@@ -244,6 +244,7 @@ FreeformLayeredPane *World::makePane()
 // A content is as large as its own bounds say, and has none before somebody looks at it.
 void World::showContent(FreeformLayeredPane *pane)
 {
+    pane->setVisible(true);
     stage.viewer()->setContent(pane);
     stage.viewer()->setViewLocation(QPoint(-10, -10));
     stage.askForFullRepaint();

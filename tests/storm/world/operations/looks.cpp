@@ -5,9 +5,11 @@
 namespace Velmora::Figura::Storm {
 namespace {
 
+// A hidden content is painted all the same, but reports no damage of its own.
 void setVisible(World &world, Numbers &numbers)
 {
-    if (Figure *figure = world.figures.pick(numbers))
+    Figure *figure = world.figures.pick(numbers);
+    if (figure && figure != world.content())
         figure->setVisible(!figure->isVisible() || numbers.oneIn(4));
 }
 
