@@ -2,6 +2,8 @@
 
 #include "line_p.h"
 
+#include <figura/shape/Shape.h>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -17,6 +19,15 @@ bool isLeftToFigure(const QRect &rect)
 PlacedLayout::PlacedLayout(QObject *parent)
     : FreeformLayout(parent, false)
 {
+}
+
+bool PlacedLayout::add(Figure *child, const QVariant &constraint, int index)
+{
+    const QPointer<Figure> added(child);
+    if (!FreeformLayout::add(child, constraint, index))
+        return false;
+    rebuildPaths(added);
+    return true;
 }
 
 bool PlacedLayout::remove(Figure *child)

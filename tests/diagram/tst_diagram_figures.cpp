@@ -60,6 +60,7 @@ private Q_SLOTS:
     void figuresAreFound();
     void extentHoldsWhatIsPainted();
     void lateLayerShowsAtOnce();
+    void feedbackHasItsOutlineAtOnce();
     void removedFiguresAreGone();
 };
 
@@ -520,6 +521,27 @@ void tst_DiagramFigures::lateLayerShowsAtOnce()
     diagram.getPane()->addLayer(layer, QStringLiteral("guides"));
 
     QCOMPARE(layer->getBounds(), QRect(0, 0, 300, 200));
+}
+
+namespace {
+
+class OpenRectangle : public Rectangle
+{
+public:
+    using Rectangle::getPainterPath;
+    using Rectangle::Rectangle;
+};
+
+} // namespace
+
+void tst_DiagramFigures::feedbackHasItsOutlineAtOnce()
+{
+    const Diagram diagram;
+    auto *frame = new OpenRectangle(diagram.getFeedbackLayer());
+
+    diagram.getFeedbackLayer()->add(frame, QRect(10, 20, 30, 40));
+
+    QCOMPARE(frame->getPainterPath().boundingRect(), QRectF(10, 20, 29, 39));
 }
 
 void tst_DiagramFigures::removedFiguresAreGone()

@@ -76,7 +76,7 @@ QImage diagrams()
     diagram.setBounds(buy, QRect(215, 170, 110, 50)); // its connection follows at once
 
     SelectingView view(&diagram);
-    view.resize(550, 250);
+    view.resize(600, 310);
     view.show();
     view.select(check);
     return view.grab().toImage();
