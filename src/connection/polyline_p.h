@@ -132,8 +132,12 @@ public:
             line->erase();
         if (alive)
             line->Shape::setLineWidth(width);
-        if (alive)
-            announce(line);
+        if (!alive)
+            return;
+        // Points that came while nobody listened become a path only now.
+        const QPainterPath before = line->getPainterPath();
+        if (announce(line) && line->getPainterPath() != before)
+            line->repaint();
     }
 
     /// Asks for the points by the virtual operation, so that a subclass may supply others.

@@ -2,6 +2,7 @@
 
 #include "diagramlinks_p.h"
 #include "diagrampane_p.h"
+#include "paper_p.h"
 #include "reach_p.h"
 
 #include <figura/connection/ConnectionLayer.h>
@@ -138,6 +139,7 @@ void Diagram::renderThese(QPainter *painter, const QRect &area, const QList<Figu
     option.state |= QStyle::State_Enabled | QStyle::State_Active;
     option.palette = QGuiApplication::palette();
     option.rect = area.adjusted(-m_reach, -m_reach, m_reach, m_reach);
+    const Paper paper({m_pane, m_figureLayer, m_connectionLayer}, option.rect);
 
     const auto paint = [painter, &option](Figure *figure) {
         if (figure->isVisible())

@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    QRect m_area;
+    QRect m_area{0, 0, 1, 1}; // until somebody shows it: layouts complain of having no room at all
 };
 
 } // namespace Velmora::Figura

@@ -51,8 +51,18 @@ ChildTable::~ChildTable()
 {
     for (ChildRecord *record : std::as_const(m_records)) {
         if (record)
-            remove(record);
+            unlink(record);
+        delete record;
     }
+}
+
+// The figure knows no more of its record.
+void ChildTable::unlink(const ChildRecord *record)
+{
+    ChildRecord **link = &record->figure->m_records;
+    while (*link != record)
+        link = &(*link)->next;
+    *link = record->next;
 }
 
 ChildRecord *ChildTable::insert(Layout *layout, Figure *figure, const Layout::LayoutHelper &helper,
@@ -96,12 +106,7 @@ void ChildTable::remove(ChildRecord *record)
         dismiss(record);
     for (int kind = 0; kind <= foreignKind; ++kind)
         drop(record, kind);
-
-    ChildRecord **link = &record->figure->m_records;
-    while (*link != record)
-        link = &(*link)->next;
-    *link = record->next;
-
+    unlink(record);
     vacate(slot);
     ++m_removals;
     noteChange();

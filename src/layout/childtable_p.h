@@ -122,6 +122,7 @@ private:
     void classify(ChildRecord *record);
     void checkFound(const QList<QRect> &rects, const std::vector<ChildRecord *> &found) const;
     int slotCount() const { return static_cast<int>(m_figures.size()); } // gaps included
+    static void unlink(const ChildRecord *record);
     void vacate(int slot);
     void closeGaps();
     void noteChange();

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void helperTakesParentsAsObjectPointers();
     void helperRewiresThroughItsVirtualOperations();
     void destroyedHelperLetsGo();
+    void helperThatOutlivesItsFigureIsForgottenAbove();
 };
 
 void tst_Ancestor_Listeners::init()
@@ -704,6 +705,22 @@ void tst_Ancestor_Listeners::destroyedHelperLetsGo()
     parent.remove(&figure);
 
     QCOMPARE(moved.count(), 0);
+}
+
+void tst_Ancestor_Listeners::helperThatOutlivesItsFigureIsForgottenAbove()
+{
+    ParentFigure root;
+    auto figure = std::make_unique<Figure>();
+    root.add(figure.get());
+    auto helper = std::make_unique<AncestorHelper>(figure.get());
+    const QSignalSpy moved(helper.get(), &AncestorHelper::ancestorMoved);
+
+    figure.reset();
+    root.setBounds(QRect(0, 0, 10, 10));
+    helper.reset();
+    root.setBounds(QRect(5, 5, 10, 10));
+
+    QCOMPARE(moved.size(), 0);
 }
 
 QTEST_MAIN(tst_Ancestor_Listeners)

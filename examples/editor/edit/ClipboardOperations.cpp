@@ -147,8 +147,8 @@ Node Operations::pictureNode(const QByteArray &bytes, const QPoint &centre)
     QSize size = Pictures::sizeOf(bytes);
     if (size.width() > largest.width() || size.height() > largest.height())
         size.scale(largest, Qt::KeepAspectRatio);
-    node.rect.setSize(size);
-    node.rect.moveCenter(centre);
+    const QPoint half(size.width() / 2, size.height() / 2);
+    node.rect = QRect(centre - half, size);
     return node;
 }
 

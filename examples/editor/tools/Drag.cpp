@@ -21,12 +21,14 @@ Drag::~Drag()
 
 void Drag::finish(const Pointer & /*pointer*/) {}
 
-// An obsolete step leaves the history when it is undone, so that there is nothing to redo.
+// An obsolete step leaves the history, so that there is nothing to redo; but that does not undo it.
 void Drag::cancel()
 {
     QUndoStack &history = m_bench.history();
     while (history.index() > m_firstStep) {
-        const_cast<QUndoCommand *>(history.command(history.index() - 1))->setObsolete(true);
+        auto *step = const_cast<QUndoCommand *>(history.command(history.index() - 1));
+        step->undo();
+        step->setObsolete(true);
         history.undo();
     }
 }
