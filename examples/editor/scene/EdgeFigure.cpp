@@ -62,16 +62,19 @@ void EdgeFigure::showLabel(const Edge &edge, const Theme &theme)
         return;
     }
     m_locator->setPlace(edge.labelPercent, edge.labelOffset);
-    if (!m_label) {
+    if (m_label)
+        remove(m_label);
+    else
         m_label = new TextBlock(this);
-        add(m_label, QVariant::fromValue<QObject *>(m_locator));
-    }
     QColor paper = theme.paper;
     paper.setAlpha(0xd8); // on the line, the text could not be read without some paper beneath
     m_label->setBackgroundColor(paper);
     m_label->setFont(TextBlock::fontOf(edge.style));
     m_label->setColor(Theme::resolved(edge.style.text, theme.text));
     m_label->setText(edge.label);
+    // Each time, to lie above the arrow heads, which are made anew; and only now, because it is
+    // placed at once by its size.
+    add(m_label, QVariant::fromValue<QObject *>(m_locator));
 }
 
 QRect EdgeFigure::getBoundingRect()
