@@ -1,3 +1,3 @@
 #!/bin/sh
-cd "$(dirname "$0")/.." || exit
-[ ! -x scripts/docs.sh ] || exec scripts/docs.sh
+# The reference; what is public and not documented is an error.
+cd "$(dirname "$0")/.." && exec scripts/docs.sh

@@ -7,6 +7,20 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 cd "$root/packaging"
 version=$(sed -n 's/^    VERSION //p' "$root/CMakeLists.txt")
 
+# What programs link with, such as Figura::Figura.
+list_targets()
+{
+    sed -n 's/^add_library(\(Figura::[A-Za-z]*\) ALIAS.*/\1/p' "$root"/src/CMakeLists.txt \
+        "$root"/src/*/CMakeLists.txt
+}
+
+# ... and the names of their files, such as figura.
+list_libraries()
+{
+    sed -n 's/^add_library(\([a-z_]*\) SHARED)/\1/p' "$root"/src/CMakeLists.txt \
+        "$root"/src/*/CMakeLists.txt
+}
+
 step "reading the vcpkg port"
 python3 - "$version" <<'PYTHON'
 import json
@@ -16,6 +30,9 @@ port = json.load(open("vcpkg/figura/vcpkg.json", encoding="utf-8"))
 assert port["name"] == "figura", port["name"]
 assert port["version-semver"] == sys.argv[1], port["version-semver"]
 PYTHON
+for target in $(list_targets); do
+    grep -q "$target" vcpkg/figura/usage || die "vcpkg tells nobody of $target"
+done
 # Its commands are vcpkg's own: stubs take their place, so that the rest is read as CMake reads it.
 reading=$(mktemp --suffix .cmake)
 trap 'rm -f "$reading"' EXIT
@@ -41,4 +58,7 @@ for path in sys.argv[2:]:
         if isinstance(node, ast.Assign) and node.targets[0].id == "version":
             assert node.value.value == sys.argv[1], node.value.value
 PYTHON
+for library in $(list_libraries); do
+    grep -q "libs = .*\"$library\"" conan/conanfile.py || die "the Conan recipe forgets $library"
+done
 echo "The recipes can be read, and name version $version."

@@ -8,8 +8,9 @@ usage()
     cat <<'TEXT'
 usage: package.sh [--try]
 
-Makes libfigura1, libfigura-dev and libfigura-doc in build/package and checks them with lintian.
-  --try   also installs them on this machine with apt, builds and runs a program with them through
+Makes libfigura1, libfigura-diagram1, libfigura-dev and libfigura-doc in build/package and checks
+them with lintian.
+  --try   also installs them on this machine with apt, builds and runs programs with them through
           CMake and through pkg-config, and removes them again; needs root
 TEXT
 }
@@ -18,6 +19,7 @@ build=$root/build/package
 
 make_packages()
 {
+    "$root/scripts/docs.sh"
     step "building the packages"
     rm -f "$build"/*.deb
     (cd "$root" && cmake --preset package && cmake --build --preset package &&
@@ -39,6 +41,14 @@ remove_packages()
     DEBIAN_FRONTEND=noninteractive apt-get -q purge -y "${names[@]}" </dev/null
 }
 
+# try_project FOLDER PROGRAM [ARGUMENT...]
+try_project()
+{
+    cmake -S "$root/$1" -B "$build/try/$2" -G Ninja
+    cmake --build "$build/try/$2"
+    "$build/try/$2/$2" "${@:3}"
+}
+
 try_packages()
 {
     step "installing the packages"
@@ -46,13 +56,13 @@ try_packages()
     DEBIAN_FRONTEND=noninteractive apt-get -q install -y --no-install-recommends \
         "$build"/*.deb </dev/null
 
-    step "building a program with the installed packages"
+    step "building programs with the installed packages"
     rm -rf "$build/try"
-    cmake -S "$root/tests/install" -B "$build/try" -G Ninja
-    cmake --build "$build/try"
-    QT_QPA_PLATFORM=offscreen "$build/try/consumer"
+    export QT_QPA_PLATFORM=offscreen
+    try_project tests/install consumer
+    try_project examples/00-ten-lines ten-lines "$build/try/ten-lines.svg"
     "$root/tests/install/pkg-config.sh" c++ "$build/try/pkg-config" /usr
-    echo "A program was built with the packages through CMake and through pkg-config, and ran."
+    echo "Programs were built with the packages through CMake and through pkg-config, and ran."
 }
 
 case "${1:-}" in

@@ -31,8 +31,14 @@ class FiguraConan(ConanFile):
         check_min_cppstd(self, 20)
 
     def requirements(self):
-        # The headers include those of Qt, and programs link it themselves.
-        self.requires("qt/[>=6.4 <7]", transitive_headers=True, transitive_libs=True)
+        # The headers include those of Qt, and programs link it themselves. SVG is for the diagram
+        # library.
+        self.requires(
+            "qt/[>=6.4 <7]",
+            transitive_headers=True,
+            transitive_libs=True,
+            options={"shared": True, "qtsvg": True},
+        )
 
     def generate(self):
         toolchain = CMakeToolchain(self)
@@ -60,5 +66,5 @@ class FiguraConan(ConanFile):
         # The package that CMake installs says it all, and better than one made up here.
         self.cpp_info.set_property("cmake_find_mode", "none")
         self.cpp_info.builddirs = [os.path.join("lib", "cmake", "Figura")]
-        self.cpp_info.libs = ["figura"]
+        self.cpp_info.libs = ["figura_diagram", "figura"]
         self.cpp_info.includedirs = ["include", os.path.join("include", "figura", "forwarding")]
