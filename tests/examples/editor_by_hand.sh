@@ -106,6 +106,17 @@ create() # column row x y
 
 count() { grep -c "\"$1\":" "$folder/a.figura" || true; }
 
+# There is no window manager that would hand the keys back after a dialog.
+await_window()
+{
+    for _ in {1..50}; do
+        [ "$(xdotool search --onlyvisible --pid "$editor_pid" --name '.*' | wc -l)" = 1 ] && break
+        sleep 0.1
+    done
+    xdotool windowfocus --sync "$window"
+    settle
+}
+
 save_as()
 {
     xdotool key --clearmodifiers ctrl+shift+s
@@ -114,10 +125,11 @@ save_as()
     xdotool type --delay 15 "$1"
     keys Return
     for _ in {1..50}; do
-        [ -s "$1" ] && return
+        [ -s "$1" ] && break
         sleep 0.1
     done
-    fail "$1 was not saved"
+    [ -s "$1" ] || fail "$1 was not saved"
+    await_window
 }
 
 start_display
@@ -170,6 +182,7 @@ xdotool search --sync --onlyvisible --pid "$editor_pid" --name "Open a diagram" 
 sleep 0.3
 xdotool type --delay 15 "$folder/a.figura"
 keys Return
+await_window
 keys ctrl+9
 picture reopened
 expect_equal saved reopened

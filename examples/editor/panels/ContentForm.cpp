@@ -64,6 +64,7 @@ void ContentForm::createText()
     m_text->setTabChangesFocus(true);
     constexpr int fewLines = 64;
     m_text->setFixedHeight(fewLines);
+    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(m_text, &QPlainTextEdit::textChanged, this, [this] {
         const QList<int> &ids = m_bench.selection().ids();
         if (!m_isRefreshing && ids.size() == 1)

@@ -39,7 +39,7 @@ StyleForm::StyleForm(Workbench &bench, QWidget *parent)
     form->addRow(tr("Line"), m_line);
     form->addRow(tr("Line width"), m_lineWidth);
     form->addRow(tr("Line style"), m_lineStyle);
-    form->addRow(tr("Text"), m_text);
+    form->addRow(tr("Text colour"), m_text);
     form->addRow(tr("Font"), m_family);
     form->addRow(tr("Size"), m_size);
     form->addRow(QString(), m_bold);

@@ -118,7 +118,7 @@ void buildFreeformLayeredPane(Figure *stage)
     pane->addLayer(layer, QStringLiteral("figures"));
     putBox(layer, {22, 20, 48, 32});
     put<Ellipse>(layer, {86, 30, 48, 32});
-    pane->setFreeformBounds(area);
+    layer->setFreeformBounds(area); // those of the pane were set before it had a layer
 }
 
 } // namespace

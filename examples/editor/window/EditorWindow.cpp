@@ -164,7 +164,10 @@ void EditorWindow::connectParts()
         m_view->zoomToFit();
     });
     connect(&m_bench->history(), &QUndoStack::cleanChanged, this, &EditorWindow::showTitle);
-    connect(m_viewActions, &ViewActions::darkWanted, this, &EditorWindow::setDark);
+    connect(m_viewActions, &ViewActions::darkWanted, this, [this](bool dark) {
+        setDark(dark);
+        m_settings.setValue(darkKey, dark);
+    });
 }
 
 void EditorWindow::showTitle()
@@ -188,7 +191,6 @@ void EditorWindow::setDark(bool dark)
     m_view->getCanvas()->setProperty("backgroundColor", theme.paper);
     m_view->update();
     m_palette->setTheme(theme);
-    m_settings.setValue(darkKey, dark);
 }
 
 void EditorWindow::complain(const QString &problem)

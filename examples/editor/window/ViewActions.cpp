@@ -81,7 +81,7 @@ void ViewActions::createSwitches()
             [this](bool on) { m_bench.options.snapToGrid = on; });
     connect(snapToOthers, &QAction::toggled, this,
             [this](bool on) { m_bench.options.snapToOthers = on; });
-    connect(dark, &QAction::toggled, this, &ViewActions::darkWanted);
+    connect(dark, &QAction::triggered, this, &ViewActions::darkWanted);
 }
 
 void ViewActions::showGrid()

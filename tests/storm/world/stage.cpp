@@ -87,13 +87,13 @@ QImage Stage::full()
     return comparable(m_viewer->grab());
 }
 
-// As large as the clip.
-QImage Stage::paintedUnder(const QRegion &clip) const
+// On something as large as the window was, and as far into it: its edges clip, too.
+QImage Stage::paintedUnder(const Paint &paint) const
 {
     const double ratio = m_viewer->devicePixelRatioF();
-    QImage image(clip.boundingRect().size() * ratio, QImage::Format_RGB32);
+    QImage image(paint.windowSize * ratio, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
-    widget()->render(&image, QPoint(), clip);
+    widget()->render(&image, paint.corner + paint.region.boundingRect().topLeft(), paint.region);
     return image;
 }
 
@@ -104,29 +104,34 @@ QList<QPoint> Stage::withoutExcuse(const QList<QPoint> &pixels, const QImage &sc
     const double ratio = m_viewer->devicePixelRatioF();
     const QPoint corner = widget()->mapTo(m_viewer, QPoint());
     QList<QPoint> left = pixels;
-    for (const QRegion &paint : std::as_const(m_paints)) {
+    for (const Paint &paint : std::as_const(m_paints)) {
         if (left.isEmpty())
             break;
         const QImage image = paintedUnder(paint);
-        const QPointF origin = QPointF(corner + paint.boundingRect().topLeft()) * ratio;
+        const QPoint shift = (QPointF(paint.corner - corner) * ratio).toPoint();
         left.removeIf([&](const QPoint &pixel) {
-            const QPoint inside = pixel - origin.toPoint();
-            return paint.contains((QPointF(pixel) / ratio).toPoint() - corner) &&
-                   image.rect().contains(inside) && image.pixel(inside) == screen.pixel(pixel);
+            const QPoint then = pixel + shift;
+            return paint.region.contains((QPointF(pixel) / ratio).toPoint() - corner) &&
+                   image.rect().contains(then) && image.pixel(then) == screen.pixel(pixel);
         });
     }
     return left;
 }
 
+Stage::Paint Stage::paintOf(const QRegion &region) const
+{
+    return {region, widget()->mapTo(m_viewer, QPoint()), m_viewer->size()};
+}
+
 void Stage::forgetPaints()
 {
-    m_paints = {widget()->visibleRegion()};
+    m_paints = {paintOf(widget()->visibleRegion())};
 }
 
 bool Stage::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Paint && watched == widget() && m_recording) {
-        m_paints.append(static_cast<QPaintEvent *>(event)->region());
+        m_paints.append(paintOf(static_cast<QPaintEvent *>(event)->region()));
         if (m_paints.size() > rememberedPaints)
             m_paints.removeFirst();
     }

@@ -42,10 +42,18 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QImage paintedUnder(const QRegion &clip) const;
+    struct Paint
+    {
+        QRegion region; // in the coordinates of the widget
+        QPoint corner;  // of the widget in the window
+        QSize windowSize;
+    };
+
+    Paint paintOf(const QRegion &region) const;
+    QImage paintedUnder(const Paint &paint) const;
 
     QPointer<FreeformViewer> m_viewer;
-    QList<QRegion> m_paints; // regions of the widget, the latest last
+    QList<Paint> m_paints; // regions of the widget, the latest last
     bool m_settling = false;
     bool m_recording = true; // what is painted to judge the screen does not count
 };

@@ -74,11 +74,13 @@ void UpdateWatch::promise(Figure *figure)
         promise(child);
 }
 
-// What was invalidated again, or moved elsewhere, is nobody's fault; nor is what hangs below that.
+// What was invalidated again, moved elsewhere or lost its layout, is nobody's fault; nor is what
+// hangs below that.
 bool UpdateWatch::isBroken(const Promise &promise) const
 {
     Figure *figure = promise.figure;
-    if (!figure || isValid(figure) || m_invalidated.contains(figure) || !isProbed(figure))
+    if (!figure || isValid(figure) || m_invalidated.contains(figure) || !isProbed(figure) ||
+        m_world.isForgotten(figure))
         return false;
     if (!promise.hasParent)
         return true;
@@ -96,10 +98,11 @@ void UpdateWatch::reportBroken()
 
 void UpdateWatch::recordDrops()
 {
-    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
+    QSet<Figure *> seen;
     for (const QPointer<Figure> &figure : std::exchange(m_late, {})) {
-        if (!figure || isValid(figure) || !becomesValid(figure))
+        if (!figure || isValid(figure) || !becomesValid(figure) || seen.contains(figure))
             continue;
+        seen.insert(figure);
         const auto known = std::find_if(m_drops.begin(), m_drops.end(),
                                         [&](const Drop &drop) { return drop.figure == figure; });
         if (known == m_drops.end())
@@ -109,7 +112,13 @@ void UpdateWatch::recordDrops()
     }
 }
 
-// One that is queued by every pass is let go of in the end.
+void UpdateWatch::forgetServed()
+{
+    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
+}
+
+// One that is queued by every pass, or by every other one as two that disturb each other, is let go
+// of in the end.
 QList<Figure *> UpdateWatch::leftInvalid()
 {
     QList<Figure *> left;

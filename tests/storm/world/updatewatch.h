@@ -21,6 +21,8 @@ public:
 
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
+    void forgetServed(); ///< What was dropped and has become valid since.
+
     /// Figures that a pass dropped and that are still invalid, although nothing is pending.
     QList<Figure *> leftInvalid();
 
@@ -36,7 +38,7 @@ private:
     struct Drop
     {
         QPointer<Figure> figure;
-        int passes = 0; ///< In so many passes it was queued, without ever becoming valid.
+        int passes = 0; ///< So many have dropped it since it was forgotten last.
     };
 
     void promise(Figure *figure);

@@ -156,6 +156,8 @@ void World::happens(Moment moment)
 // itself.
 void World::settle()
 {
+    if (UpdateWatch *manager = updateManager())
+        manager->forgetServed();
     stage.settle();
     const QScopedValueRollback<bool> quiet(m_quiet, true);
     stage.settle();

@@ -14,6 +14,8 @@ void moveFigure(World &world, Numbers &numbers)
 void nudge(World &world, Numbers &numbers)
 {
     if (Figure *figure = world.figures.pick(numbers)) {
+        if (figure == world.content())
+            world.stage.askForFullRepaint(); // where it was, no parent has anything to repaint
         const int dx = numbers.between(-4, 4);
         figure->setBounds(figure->getBounds().translated(dx, numbers.between(-4, 4)));
     }

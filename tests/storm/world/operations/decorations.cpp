@@ -31,14 +31,14 @@ IRotatableDecoration *makeHead(World &world, Numbers &numbers)
 {
     const double scale = numbers.between(1, 3);
     if (numbers.coin()) {
-        auto *head = world.adopt(new Probed<PolygonDecoration>(world, nullptr));
+        auto *head = new Probed<PolygonDecoration>(world, nullptr);
         head->setScale(scale, scale);
         head->setFill(numbers.coin());
-        return head;
+        return world.adopt(head);
     }
-    auto *head = world.adopt(new Probed<PolylineDecoration>(world, nullptr));
+    auto *head = new Probed<PolylineDecoration>(world, nullptr);
     head->setScale(scale, scale);
-    return head;
+    return world.adopt(head);
 }
 
 void decorate(World &world, Numbers &numbers)
