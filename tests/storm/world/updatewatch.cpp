@@ -100,7 +100,7 @@ void UpdateWatch::recordDrops()
 {
     QSet<Figure *> seen;
     for (const QPointer<Figure> &figure : std::exchange(m_late, {})) {
-        if (!figure || isValid(figure) || !becomesValid(figure) || seen.contains(figure))
+        if (!figure || !becomesValid(figure) || seen.contains(figure))
             continue;
         seen.insert(figure);
         const auto known = std::find_if(m_drops.begin(), m_drops.end(),

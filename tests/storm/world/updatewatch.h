@@ -38,7 +38,7 @@ private:
     struct Drop
     {
         QPointer<Figure> figure;
-        int passes = 0; ///< So many have dropped it since it was forgotten last.
+        int passes = 0; ///< It was queued during so many since it was forgotten last.
     };
 
     void promise(Figure *figure);
