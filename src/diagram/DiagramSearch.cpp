@@ -141,15 +141,17 @@ void Diagram::renderThese(QPainter *painter, const QRect &area, const QList<Figu
     option.rect = area.adjusted(-m_reach, -m_reach, m_reach, m_reach);
     const Paper paper({m_pane, m_figureLayer, m_connectionLayer}, option.rect);
 
-    const auto paint = [painter, &option](Figure *figure) {
-        if (figure->isVisible())
-            figure->render(painter, option);
-    };
+    // Figures paint themselves by the application's code, which may destroy others, and the
+    // diagram.
+    QList<QPointer<Figure>> all(figures.cbegin(), figures.cend());
+    all.append(QList<QPointer<Figure>>(connections.cbegin(), connections.cend()));
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, m_antialiased);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    std::for_each(figures.cbegin(), figures.cend(), paint);
-    std::for_each(connections.cbegin(), connections.cend(), paint);
+    for (const QPointer<Figure> &figure : std::as_const(all)) {
+        if (figure && figure->isVisible())
+            figure->render(painter, option);
+    }
     painter->restore();
 }
 

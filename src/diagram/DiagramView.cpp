@@ -96,11 +96,16 @@ void DiagramView::letGo()
     if (!m_diagram)
         return;
     disconnect(m_diagram, nullptr, this, nullptr);
-    getCanvas()->setUpdateManager(nullptr);
     m_diagram->m_view.clear();
+    FreeformWidget *canvas = getCanvas();
+    if (!canvas) {
+        m_diagram.clear();
+        return;
+    }
+    canvas->setUpdateManager(nullptr);
     m_diagram.clear();
     setContent(m_emptyPane);
-    getCanvas()->setUpdateManager(getUpdateManager());
+    canvas->setUpdateManager(getUpdateManager());
 }
 
 void DiagramView::take(Diagram *diagram)

@@ -122,6 +122,8 @@ void DiagramView::mouseReleaseEvent(QMouseEvent *event)
 
 void DiagramView::startPan(const QPoint &position)
 {
+    if (!getCanvas())
+        return;
     m_panFrom = position;
     m_panCorner = corner();
     if (!m_cursorBefore)
@@ -132,6 +134,8 @@ void DiagramView::startPan(const QPoint &position)
 void DiagramView::endPan()
 {
     m_panFrom.reset();
+    if (!getCanvas())
+        return;
     if (m_spaceHeld) {
         getCanvas()->setCursor(Qt::OpenHandCursor);
     } else if (m_cursorBefore) {
@@ -142,7 +146,7 @@ void DiagramView::endPan()
 
 void DiagramView::setSpaceHeld(bool held)
 {
-    if (held == m_spaceHeld)
+    if (held == m_spaceHeld || !getCanvas())
         return;
     m_spaceHeld = held;
     if (held && !m_cursorBefore)

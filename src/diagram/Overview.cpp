@@ -1,5 +1,7 @@
 #include <figura/diagram/Overview.h>
 
+#include "papercolor_p.h"
+
 #include <figura/diagram/Diagram.h>
 #include <figura/diagram/DiagramView.h>
 #include <figura/view/FreeformWidget.h>
@@ -16,13 +18,6 @@ namespace {
 constexpr int patience = 100; // milliseconds from a change to its picture
 constexpr int border = 10;    // around the content, in its units
 constexpr int mostRects = 16; // of damage that are painted one by one
-
-// The colour of the paper in the view.
-QColor paperColor(const DiagramView *view)
-{
-    const auto chosen = view->getCanvas()->property("backgroundColor").value<QColor>();
-    return chosen.isValid() ? chosen : view->palette().color(QPalette::Base);
-}
 
 QRectF visiblePart(DiagramView *view)
 {

@@ -1,5 +1,7 @@
 #include "diagrampane_p.h"
 
+#include "papercolor_p.h"
+
 #include <figura/diagram/Diagram.h>
 #include <figura/view/IFreeformFigure.h>
 
@@ -75,6 +77,27 @@ void DiagramPane::drawBackground(QPainter *painter, const QStyleOptionViewItem &
         return;
     painter->setRenderHint(QPainter::Antialiasing, false);
     FreeformLayeredPane::drawBackground(painter, option);
+}
+
+bool DiagramPane::isOnDarkPaper() const
+{
+    const auto *view = m_diagram ? qobject_cast<DiagramView *>(m_diagram->m_view) : nullptr;
+    return view && qGray(paperColor(view).rgb()) < 128;
+}
+
+// The colours of the grid are made for white paper. On a dark one they outshine the figures.
+void DiagramPane::drawMainGrid(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (painter && isOnDarkPaper())
+        painter->setOpacity(0.3);
+    FreeformLayeredPane::drawMainGrid(painter, option);
+}
+
+void DiagramPane::drawSubGrid(QPainter *painter, const QStyleOptionViewItem &option) const
+{
+    if (painter && isOnDarkPaper())
+        painter->setOpacity(0.15);
+    FreeformLayeredPane::drawSubGrid(painter, option);
 }
 
 } // namespace Velmora::Figura

@@ -27,10 +27,13 @@ public:
     void render(QPainter *painter, const QStyleOptionViewItem &option) override;
 
 protected:
+    void drawMainGrid(QPainter *painter, const QStyleOptionViewItem &option) const override;
+    void drawSubGrid(QPainter *painter, const QStyleOptionViewItem &option) const override;
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
     void unroll(Layer *layer);
+    bool isOnDarkPaper() const;
 
     Diagram *const m_diagram;
     QRect m_standIn;

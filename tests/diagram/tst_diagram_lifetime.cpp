@@ -3,10 +3,31 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
+
+namespace {
+
+/// Does something while it is painted.
+class Doer : public Rectangle
+{
+public:
+    explicit Doer(std::function<void()> deed)
+        : m_deed(std::move(deed))
+    {
+    }
+
+protected:
+    void drawBackground(QPainter *, const QStyleOptionViewItem &) const override { m_deed(); }
+
+private:
+    std::function<void()> m_deed;
+};
+
+} // namespace
 
 class tst_DiagramLifetime : public QObject
 {
@@ -27,6 +48,10 @@ private Q_SLOTS:
     void diagramMayGoBeforeItsView();
     void viewMayGoBeforeItsDiagram();
     void diagramMayGoWithPendingChanges();
+    void figuresMayGoWhileTheyArePainted();
+    void diagramMayBeEmptiedWhileItIsPainted();
+    void canvasMayGoBeforeItsView();
+    void overviewMayOutliveItsView();
 };
 
 void tst_DiagramLifetime::destroyedFigureLeaves_data()
@@ -222,6 +247,83 @@ void tst_DiagramLifetime::diagramMayGoWithPendingChanges()
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(view.getDiagram(), nullptr);
+}
+
+void tst_DiagramLifetime::figuresMayGoWhileTheyArePainted()
+{
+    Diagram diagram;
+    QPointer<Figure> next;
+    diagram.add(new Doer([&] { delete next; }), QRect(0, 0, 40, 40));
+    next = diagram.add(new Rectangle, QRect(100, 0, 40, 40));
+    auto *last = diagram.add(painted<Rectangle>(Qt::red), QRect(200, 0, 40, 40));
+    const QPointer<PolylineConnection> line = diagram.connect(next, last);
+
+    const QImage image = picture(diagram);
+
+    QVERIFY(!next);
+    QCOMPARE(diagram.getFigures().size(), 2);
+    QVERIFY(diagram.getConnections().isEmpty());
+    QCOMPARE(colorAt(image, 220, 20), QColor(Qt::red));
+}
+
+void tst_DiagramLifetime::diagramMayBeEmptiedWhileItIsPainted()
+{
+    Diagram diagram;
+    int paints = 0;
+    for (int x : {0, 100, 200}) {
+        auto *doer = new Doer([&] {
+            ++paints;
+            diagram.clear();
+        });
+        diagram.add(doer, QRect(x, 0, 40, 40));
+    }
+
+    picture(diagram);
+
+    QVERIFY(paints >= 1);
+    QVERIFY(diagram.getFigures().isEmpty());
+}
+
+void tst_DiagramLifetime::canvasMayGoBeforeItsView()
+{
+    Diagram diagram;
+    auto *box = diagram.add(new Rectangle, QRect(0, 0, 40, 40));
+    DiagramView view(&diagram);
+    Overview overview(&view);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+
+    delete view.getCanvas();
+
+    QCOMPARE(view.getCanvas(), nullptr);
+    box->setBounds(QRect(10, 10, 500, 500));
+    view.zoomIn();
+    view.zoomToFit();
+    view.reveal(QRect(0, 0, 10, 10));
+    QTest::keyClick(&view, Qt::Key_Space);
+    QTest::mouseClick(view.viewport(), Qt::MiddleButton, Qt::NoModifier, QPoint(5, 5));
+    overview.grab();
+    QCoreApplication::processEvents();
+    view.setDiagram(nullptr);
+    QCOMPARE(view.getDiagram(), nullptr);
+    DiagramView other(&diagram);
+    other.grab();
+}
+
+void tst_DiagramLifetime::overviewMayOutliveItsView()
+{
+    Diagram diagram;
+    diagram.add(new Rectangle, QRect(0, 0, 40, 40));
+    auto view = std::make_unique<DiagramView>(&diagram);
+    Overview overview(view.get());
+    overview.grab();
+
+    view.reset();
+
+    QCOMPARE(overview.getView(), nullptr);
+    overview.grab();
+    QTest::mouseClick(&overview, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QCOMPARE(overview.toContent(QPointF(1, 1)), QPointF());
 }
 
 QTEST_MAIN(tst_DiagramLifetime)

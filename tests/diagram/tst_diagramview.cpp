@@ -45,6 +45,8 @@ private Q_SLOTS:
     void damageIsReported();
     void scrollingIsNoDamage();
     void hiddenConnectionsAreRoutedBeforeThePaint();
+    void gridStaysInTheBackground_data();
+    void gridStaysInTheBackground();
 };
 
 void tst_DiagramView::oneCallShowsADiagram_data()
@@ -526,6 +528,30 @@ void tst_DiagramView::hiddenConnectionsAreRoutedBeforeThePaint()
 
     QVERIFY(connection->getPoints().constLast() != before);
     QVERIFY(text->getBounds().adjusted(-2, -2, 2, 2).contains(connection->getPoints().constLast()));
+}
+
+void tst_DiagramView::gridStaysInTheBackground_data()
+{
+    QTest::addColumn<QColor>("paper");
+    QTest::newRow("light") << QColor(Qt::white);
+    QTest::newRow("dark") << QColor(0x1d, 0x21, 0x25);
+}
+
+void tst_DiagramView::gridStaysInTheBackground()
+{
+    QFETCH(QColor, paper);
+    ViewScene scene;
+    scene.view.getCanvas()->setProperty("backgroundColor", paper);
+    scene.diagram.getPane()->setSnapSize(10);
+    scene.diagram.getPane()->setDrawGrid(true);
+    QVERIFY(scene.show());
+
+    const QImage image = scene.full();
+
+    int contrast = 0;
+    for (int x = 0; x < image.width(); ++x)
+        contrast = qMax(contrast, qAbs(qGray(image.pixel(x, 25)) - qGray(paper.rgb())));
+    QVERIFY2(contrast > 15 && contrast < 110, qPrintable(QString::number(contrast)));
 }
 
 QTEST_MAIN(tst_DiagramView)

@@ -25,6 +25,7 @@ public:
     ~EditorDriver();
 
     EditorWindow &window() { return *m_window; }
+    QSettings &settings() { return m_settings; }
     Velmora::Figura::FreeformWidget *canvas();
     QString path(const QString &name) const { return m_folder.filePath(name); }
     QString recoveryFolder() const { return path(QStringLiteral("recovery")); }

@@ -5,6 +5,7 @@
 #include "model/Document.h"
 #include "scene/EdgeFigure.h"
 #include "scene/LaneFigure.h"
+#include "scene/NodeFigures.h"
 #include "scene/Scene.h"
 #include "scene/TextBlock.h"
 #include "scene/Way.h"
@@ -53,6 +54,8 @@ private Q_SLOTS:
     void anUndoneDeletionOfALaneBringsItsNodesBackIntoIt();
     void theLabelStaysAtItsPlaceOnTheWay();
     void theColoursOfTheWindowFillWhatIsLeftOpen();
+    void textWithoutAColourCanBeReadOnItsFill_data();
+    void textWithoutAColourCanBeReadOnItsFill();
     void everySpecimenShowsSomething_data();
     void everySpecimenShowsSomething();
     void everyClassOfTheLibraryIsInTheGallery_data();
@@ -313,6 +316,35 @@ void tst_EditorScene::theColoursOfTheWindowFillWhatIsLeftOpen()
 
     QCOMPARE(colorAt({60, 50}), Theme::dark().fill);
     QCOMPARE(colorAt({160, 250}), QColor(Qt::red));
+}
+
+void tst_EditorScene::textWithoutAColourCanBeReadOnItsFill_data()
+{
+    QTest::addColumn<bool>("isDark");
+    QTest::addColumn<QColor>("fill");
+    QTest::addColumn<QColor>("ink");
+    const QColor black = Theme::light().text;
+    const QColor white = Theme::dark().text;
+    QTest::newRow("light window") << false << QColor() << black;
+    QTest::newRow("dark window") << true << QColor() << white;
+    QTest::newRow("light fill, dark window") << true << QColor(0xe8, 0xe3, 0xf6) << black;
+    QTest::newRow("dark fill, light window") << false << QColor(0x20, 0x30, 0x60) << white;
+    QTest::newRow("hardly any fill") << true << QColor(255, 255, 255, 20) << white;
+}
+
+void tst_EditorScene::textWithoutAColourCanBeReadOnItsFill()
+{
+    QFETCH(bool, isDark);
+    QFETCH(QColor, fill);
+    QFETCH(QColor, ink);
+    Content content = smallContent();
+    content.nodes[0].text = QStringLiteral("x");
+    content.nodes[0].style.fill = fill;
+    Stage stage(content);
+
+    stage.bench.scene().setTheme(isDark ? Theme::dark() : Theme::light());
+
+    QCOMPARE(NodeFigures::textOf(stage.bench.scene().figure(1))->color(), ink);
 }
 
 void tst_EditorScene::everySpecimenShowsSomething_data()

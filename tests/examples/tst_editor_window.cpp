@@ -92,6 +92,7 @@ private Q_SLOTS:
     void spaceDragsThePaper();
     void fitAndNormalSize();
     void theWindowTurnsDarkAndBack();
+    void onlyWhatTheUserChoseIsRemembered();
 
 private:
     Workbench &bench() { return m_driver->window().bench(); }
@@ -838,6 +839,22 @@ void tst_EditorWindow::theWindowTurnsDarkAndBack()
 
     QCOMPARE(colorAt({90, 70}), Theme::light().fill);
     QCOMPARE(colorAt({20, 120}), Theme::light().paper);
+}
+
+void tst_EditorWindow::onlyWhatTheUserChoseIsRemembered()
+{
+    const auto remembersDark = [this] {
+        return m_driver->settings().value(QStringLiteral("dark")).toBool();
+    };
+
+    m_driver->window().setDark(true); // as the command line does
+    QVERIFY(!remembersDark());
+    m_driver->window().setDark(false);
+    m_driver->trigger(QStringLiteral("Dark"));
+    QVERIFY(remembersDark());
+    m_driver->trigger(QStringLiteral("Dark"));
+
+    QVERIFY(!remembersDark());
 }
 
 QTEST_MAIN(tst_EditorWindow)

@@ -69,7 +69,7 @@ private:
     void readLine(const QString &line)
     {
         static const QRegularExpression opening(QStringLiteral(
-            "^\\s*(?:class|struct)\\s+(?:FIGURA_EXPORT\\s+)?(\\w+)(?:\\s*:[^;]*)?$"));
+            "^\\s*(?:class|struct)\\s+(?:FIGURA(?:_DIAGRAM)?_EXPORT\\s+)?(\\w+)(?:\\s*:[^;]*)?$"));
         static const QRegularExpression closing(QStringLiteral("^\\s*\\};"));
         if (const auto match = opening.match(line); match.hasMatch())
             m_classes.append(match.captured(1));

@@ -41,10 +41,18 @@ Figure *createBox(QObject *parent)
     return box;
 }
 
+// The title of a lane and the caption of a specimen are not upon the fill.
+QColor inkOf(const Node &node, const Theme &theme)
+{
+    const bool isBeside = node.kind == NodeKind::Lane || node.kind == NodeKind::Specimen;
+    const QColor usual = isBeside ? theme.text : theme.textOn(node.style.fill);
+    return Theme::resolved(node.style.text, usual);
+}
+
 void updateText(TextBlock *text, const Node &node, const Theme &theme)
 {
     text->setFont(TextBlock::fontOf(node.style));
-    text->setColor(Theme::resolved(node.style.text, theme.text));
+    text->setColor(inkOf(node, theme));
     text->setText(node.text);
 }
 

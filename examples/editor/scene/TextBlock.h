@@ -20,6 +20,7 @@ public:
     void setText(const QString &text);
     QFont font() const { return m_font; }
     void setFont(const QFont &font);
+    QColor color() const { return m_color; }
     void setColor(const QColor &color);
     void setAlignment(Qt::Alignment alignment); ///< The middle at first.
 

@@ -30,4 +30,13 @@ const Theme &Theme::dark()
     return theme;
 }
 
+QColor Theme::textOn(const QColor &chosen) const
+{
+    constexpr int hardlyThere = 128; // then the paper shows
+    if (!chosen.isValid() || chosen.alpha() < hardlyThere)
+        return text;
+    constexpr int middle = 140;
+    return qGray(chosen.rgb()) > middle ? light().text : dark().text;
+}
+
 } // namespace Editor

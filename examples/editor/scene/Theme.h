@@ -18,6 +18,9 @@ struct Theme
     static const Theme &light();
     static const Theme &dark();
 
+    /// For texts without a colour of their own on a fill that was chosen, or else on the usual one.
+    QColor textOn(const QColor &chosen) const;
+
     /// \a color, or \a usual when it is left open.
     static QColor resolved(const QColor &color, const QColor &usual)
     {
