@@ -49,6 +49,8 @@ private Q_SLOTS:
     void everyUndoneCommandLeavesTheFormerPicture_data();
     void everyUndoneCommandLeavesTheFormerPicture();
     void aLaneLaysOutItsNodes();
+    void figuresInALaneKeepTheirOutlinesAtAnyScale_data();
+    void figuresInALaneKeepTheirOutlinesAtAnyScale();
     void aLaneThatIsTurnedLaysOutItsNodesTheOtherWay();
     void aNodeInALaneIsFoundAndConnected();
     void anUndoneDeletionOfALaneBringsItsNodesBackIntoIt();
@@ -241,6 +243,38 @@ void tst_EditorScene::aLaneLaysOutItsNodes()
     QVERIFY(scene.rect(1).contains(first) && scene.rect(1).contains(second));
     QVERIFY(first.bottom() < second.top());
     QVERIFY(first.top() >= LaneFigure::titleHeight);
+}
+
+void tst_EditorScene::figuresInALaneKeepTheirOutlinesAtAnyScale_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {0.35, 0.5, 0.63, 0.8, 1.0, 1.3, 2.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+void tst_EditorScene::figuresInALaneKeepTheirOutlinesAtAnyScale()
+{
+    QFETCH(double, scale);
+    Content content = lanes();
+    content.nodes[1].style.line = Qt::red;
+    content.nodes[1].style.lineWidth = 2;
+    content.nodes[1].style.fill = Qt::white;
+    Stage stage(content);
+    stage.bench.scene().validate();
+    QImage image(QSize(800, 800), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+
+    stage.bench.diagram().render(&painter, QRect(0, 0, 400, 400));
+    painter.end();
+
+    const QRect box = stage.bench.scene().rect(2);
+    const int x = qRound(box.center().x() * scale);
+    int reddest = 255;
+    for (int y = qRound(box.top() * scale) - 1; y < qRound(box.center().y() * scale); ++y)
+        reddest = qMin(reddest, image.pixelColor(x, y).green());
+    QVERIFY2(reddest < 200, qPrintable(QString::number(reddest)));
 }
 
 void tst_EditorScene::aLaneThatIsTurnedLaysOutItsNodesTheOtherWay()

@@ -5,6 +5,8 @@
 #include <figura/layout/HBoxLayout.h>
 #include <figura/layout/VBoxLayout.h>
 
+#include <QStyleOptionViewItem>
+
 using Velmora::Figura::Figure;
 using Velmora::Figura::HBoxLayout;
 using Velmora::Figura::Layout;
@@ -18,12 +20,28 @@ constexpr int spacing = 14;
 
 constexpr Qt::Orientations bothWays = Qt::Horizontal | Qt::Vertical;
 
+/// Has the figures of a lane.
+class Body : public Figure
+{
+public:
+    using Figure::Figure;
+
+protected:
+    // The first figure begins where the clip does: zoomed, it would lose its outline there.
+    void drawChildren(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        QStyleOptionViewItem wider(option);
+        wider.rect.adjust(-1, -1, 1, 1);
+        Figure::drawChildren(painter, wider);
+    }
+};
+
 } // namespace
 
 LaneFigure::LaneFigure(QObject *parent)
     : Rectangle(parent)
     , m_title(new TextBlock(this))
-    , m_body(new Figure(this))
+    , m_body(new Body(this))
 {
     auto *layout = new VBoxLayout(this);
     layout->setSpacing(0);

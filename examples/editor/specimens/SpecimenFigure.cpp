@@ -56,6 +56,7 @@ SpecimenFigure::SpecimenFigure(const QString &specimen, QObject *parent)
     setLayoutManager(layout);
     m_stage->setMargin(stageMargin);
     m_stage->setMinimumSize({1, 1}); // all stages are of one size, whatever is on them
+    m_stage->setPreferredSize({1, 1});
     m_stage->setLayoutManager(new XYLayout(m_stage));
     add(m_stage, 1, 1, -1);
     m_caption->setExpandingDirections(Qt::Horizontal | Qt::Vertical);
