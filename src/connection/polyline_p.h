@@ -60,11 +60,14 @@ public:
     template<class Line>
     static void removePoint(Line *line, int index, const char *refusal)
     {
-        // What is left lies within the old area, so no repaint has to follow.
         if (!hasPoint(line, index, refusal) || !erase(line))
             return;
+        // What is left lies within the old area, so no repaint has to follow; but for points that
+        // came while nobody listened, which become a path only now.
+        const QRectF before = PathSource::boundsOf(line);
         line->m_points.removeAt(index);
-        announce(line);
+        if (announce(line) && (before | PathSource::boundsOf(line)) != before)
+            line->repaint();
     }
 
     template<class Line>

@@ -86,7 +86,6 @@ private Q_SLOTS:
     void announcedRectangleIsEmpty_data() { addClassRows(); }
     void announcedRectangleIsEmpty();
     void narrowerLineReportsItsParentsDamageFirst();
-    void pointsGivenBeforeItWasShownAreReported();
 };
 
 void tst_LineWidth::narrowerLineIsErasedWhileTheOldWidthIsKnown()
@@ -151,24 +150,6 @@ void tst_LineWidth::narrowerLineReportsItsParentsDamageFirst()
     QCOMPARE(requests.size(), 2);
     QCOMPARE(requests[0].figure, &root);
     QCOMPARE(requests[1].figure, &line);
-}
-
-// Nobody makes a path of points while the line is not attached; the new width does.
-void tst_LineWidth::pointsGivenBeforeItWasShownAreReported()
-{
-    RecordingUpdateManager manager;
-    RootFigure root(&manager);
-    root.setLayoutManager(new FreeformLayout(&root));
-    Polyline line;
-    line.setEndPoints(QPoint(0, 0), QPoint(10, 10));
-    root.add(&line);
-    manager.clear();
-
-    line.setLineWidth(5);
-
-    const QList<RecordingUpdateManager::Request> requests = manager.dirtyRequests();
-    QVERIFY(!requests.isEmpty());
-    QVERIFY(requests.constLast().rect.contains(QRect(0, 0, 10, 10)));
 }
 
 QTEST_MAIN(tst_LineWidth)

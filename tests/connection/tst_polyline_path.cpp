@@ -1,5 +1,10 @@
 #include "anypolyline.h"
 
+#include <recordingupdatemanager.h>
+#include <rootfigure.h>
+
+#include <figura/layout/FreeformLayout.h>
+
 #include <QTest>
 
 using namespace Velmora::Figura;
@@ -66,6 +71,8 @@ private Q_SLOTS:
     void attachingAloneBuildsNoPath();
     void nextChangeAfterAttachingBringsAllPoints_data() { addClassRows(); }
     void nextChangeAfterAttachingBringsAllPoints();
+    void pathOfPointsGivenBeforeIsReportedWhenItComes_data();
+    void pathOfPointsGivenBeforeIsReportedWhenItComes();
     void detachedAgainKeepsItsOldPath_data() { addClassRows(); }
     void detachedAgainKeepsItsOldPath();
 
@@ -193,6 +200,40 @@ void tst_PolylinePath::nextChangeAfterAttachingBringsAllPoints()
     line->addPoint({0, 80});
 
     QCOMPARE(line->path(), pathThrough(TRIANGLE + Points{{0, 80}}));
+}
+
+void tst_PolylinePath::pathOfPointsGivenBeforeIsReportedWhenItComes_data()
+{
+    QTest::addColumn<QString>("className");
+    QTest::addColumn<QString>("change");
+    for (const QString &className : polylineClasses) {
+        for (const QString &change : {QStringLiteral("wider"), QStringLiteral("one point less")})
+            QTest::addRow("%s, %s", qPrintable(className), qPrintable(change))
+                << className << change;
+    }
+}
+
+// Both changes alone would ask for less than what comes into sight.
+void tst_PolylinePath::pathOfPointsGivenBeforeIsReportedWhenItComes()
+{
+    QFETCH(QString, className);
+    QFETCH(QString, change);
+    RecordingUpdateManager manager;
+    RootFigure root(&manager);
+    root.setLayoutManager(new FreeformLayout(&root));
+    const AnyPolylinePointer line = makePolyline(className);
+    line->setLinePoints(TRIANGLE);
+    root.add(&line->shape());
+    manager.clear();
+
+    if (change == QStringLiteral("wider"))
+        line->shape().setLineWidth(5);
+    else
+        line->removePoint(1);
+
+    const QList<QRect> damage = manager.dirtyRects();
+    QVERIFY(!damage.isEmpty());
+    QVERIFY(damage.constLast().contains(line->path().boundingRect().toRect()));
 }
 
 void tst_PolylinePath::detachedAgainKeepsItsOldPath()
