@@ -103,12 +103,12 @@ void UpdateWatch::recordDrops()
         if (!figure || !becomesValid(figure) || seen.contains(figure))
             continue;
         seen.insert(figure);
-        const auto known = std::find_if(m_drops.begin(), m_drops.end(),
-                                        [&](const Drop &drop) { return drop.figure == figure; });
+        auto known = std::find_if(m_drops.begin(), m_drops.end(),
+                                  [&](const Drop &drop) { return drop.figure == figure; });
         if (known == m_drops.end())
-            m_drops.append(Drop{figure, 1});
-        else
-            ++known->passes;
+            known = m_drops.insert(known, Drop{figure});
+        ++known->passes;
+        known->isLost = !isValid(figure);
     }
 }
 
@@ -123,7 +123,7 @@ QList<Figure *> UpdateWatch::leftInvalid()
 {
     QList<Figure *> left;
     for (const Drop &drop : std::as_const(m_drops)) {
-        if (drop.figure && drop.passes == 1 && !isValid(drop.figure) &&
+        if (drop.figure && drop.passes == 1 && drop.isLost && !isValid(drop.figure) &&
             drop.figure->getUpdateManager() == this)
             left.append(drop.figure);
     }

@@ -38,7 +38,8 @@ private:
     struct Drop
     {
         QPointer<Figure> figure;
-        int passes = 0; ///< It was queued during so many since it was forgotten last.
+        int passes = 0;      ///< It was queued during so many since it was forgotten last,
+        bool isLost = false; ///< and is invalid at the end of the latest.
     };
 
     void promise(Figure *figure);
