@@ -75,7 +75,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS libfigura-doc)
 
 figura_add_package(
     documentation libfigura-doc
-    "How the library is used and built, what is new in it, and the examples."
+    "The guide, the reference and the examples, and how the libraries are built."
 )
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
