@@ -27,7 +27,7 @@ list_programs()
 list_pictures()
 {
     list_programs | cut -d- -f2-
-    printf '%s\n' "${scenes[@]}" printed-page
+    printf '%s\n' "${scenes[@]}" graph-viewer printed-page
 }
 
 program_of()
@@ -43,11 +43,19 @@ render_page()
     pdftoppm -png -singlefile -r 60 "$build/printed-page.pdf" "$images/printed-page"
 }
 
+render_graph()
+{
+    "$build/examples/graph-viewer/graph-viewer" --render "$images/graph-viewer.png" \
+        "$root/examples/graph-viewer/samples/build-pipeline.gv"
+}
+
 render()
 {
     step "rendering $1"
     if [ "$1" = printed-page ]; then
         render_page
+    elif [ "$1" = graph-viewer ]; then
+        render_graph
     elif [[ " ${scenes[*]} " == *" $1 "* ]]; then
         "$samples" "$1" "$images/$1.png"
     else
@@ -65,7 +73,7 @@ fi
 step "building the examples"
 mapfile -t programs < <(list_programs | cut -d- -f2-)
 (cd "$root" && cmake --preset dev >/dev/null)
-cmake --build "$build" --target guide-samples "${programs[@]}" </dev/null
+cmake --build "$build" --target guide-samples graph-viewer "${programs[@]}" </dev/null
 
 # As for the tests, so that every machine makes the same pictures.
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8

@@ -47,6 +47,16 @@ void addExample(const char *folder)
     QTest::newRow(folder) << programOf(example) << QStringList() << example.mid(3);
 }
 
+void addGraphViewer()
+{
+    const QString sample =
+        QStringLiteral(FIGURA_SOURCE_DIR "/examples/graph-viewer/samples/build-pipeline.gv");
+    QTest::newRow("graph-viewer") << QStringLiteral(FIGURA_BINARY_DIR
+                                                    "/examples/graph-viewer/graph-viewer")
+                                  << QStringList({sample, QStringLiteral("--render")})
+                                  << QStringLiteral("graph-viewer");
+}
+
 void addScene(const char *scene)
 {
     const QString name = QLatin1String(scene);
@@ -82,6 +92,7 @@ void tst_Examples::eachProgramShowsWhatItsPictureShows_data()
     addExample("05-custom-router");
     addExample("06-layers-and-zoom");
     addExample("07-printing-and-export");
+    addGraphViewer();
     addScene("circle-layout");
     addScene("coordinates");
     addScene("damage");
