@@ -28,6 +28,26 @@ list_tag_files()
     done
 }
 
+# What Doxygen cannot follow it leaves as it was, without a word.
+check_links()
+{
+    (cd "$folder/html" && python3 - ./*.html) <<'PYTHON'
+import os
+import re
+import sys
+
+lost = False
+for page in sys.argv[1:]:
+    with open(page, encoding="utf-8") as text:
+        targets = set(re.findall(r'(?:href|src)="([^"#]+)', text.read()))
+    for target in sorted(targets):
+        if not re.match(r"[a-z]+:", target) and not os.path.exists(target):
+            print(f"{page}: nothing is at {target}")
+            lost = True
+sys.exit(lost)
+PYTHON
+}
+
 case "${1:-}" in
 -h | --help)
     usage
@@ -52,4 +72,9 @@ OUTPUT_DIRECTORY = "$folder"
 GENERATE_TAGFILE = "$folder/figura.tags"
 TAGFILES = $(printf '"%s" ' "${tag_files[@]}")
 TEXT
+
+step "following the links"
+ln -sfn "$root/examples" "$folder/examples"
+ln -sfn "$root/docs" "$folder/docs"
+check_links
 echo "$folder/html/index.html"

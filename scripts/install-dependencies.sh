@@ -18,9 +18,9 @@ for purpose in "$@"; do
     --fuzz) packages+=(clang libclang-rt-dev) ;;
     --bench) packages+=(valgrind) ;;
     --clang) packages+=(clang clang-tidy) ;;
-    --package) packages+=(lintian dpkg-dev file gzip) ;;
+    --package) packages+=(lintian dpkg-dev file gzip python3) ;;
     --abi) packages+=(abigail-tools binutils) ;;
-    --docs) packages+=(doxygen graphviz) ;;
+    --docs) packages+=(doxygen graphviz python3) ;;
     *) die "unknown argument $purpose" ;;
     esac
 done
