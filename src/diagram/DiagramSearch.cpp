@@ -117,7 +117,8 @@ void Diagram::render(QPainter *painter, const QRect &area)
     if (!painter)
         return;
     validate();
-    noteAllReaches();
+    if (!m_view) // which else hears of lines that become wider
+        noteAllReaches();
     renderThese(painter, area, getFigures(), getConnections());
 }
 

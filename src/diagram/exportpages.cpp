@@ -17,6 +17,16 @@ int pagesFor(double length, double page)
     return std::max(1, static_cast<int>(std::ceil(length / page - noise)));
 }
 
+// Many logical units for one of the device, of which figures know nothing: where they seem to be no
+// larger than on the device, they make lines of one unit hairlines.
+void refine(QPainter *painter)
+{
+    constexpr int detail = 16;
+    const QRect view = painter->viewport();
+    painter->setWindow(QRect(view.topLeft() * detail, view.size() * detail));
+    painter->scale(detail, detail);
+}
+
 } // namespace
 
 void ExportSubject::paint(QPainter *painter) const
@@ -55,6 +65,7 @@ QTransform ExportPages::transform(int index) const
 bool paintPages(QPainter *painter, const ExportSubject &subject, const ExportPages &pages,
                 const std::function<bool()> &newPage)
 {
+    refine(painter);
     for (int index = 0; index < pages.count(); ++index) {
         if (index > 0 && !newPage())
             return false;

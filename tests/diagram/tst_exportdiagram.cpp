@@ -81,12 +81,12 @@ QByteArray output(const QString &program, const QStringList &arguments)
     return process.waitForFinished() ? process.readAllStandardOutput() : QByteArray();
 }
 
-// The pages of a PDF, at 96 pixels an inch: a pixel is a content unit.
-QList<QImage> pdfPages(const QString &path)
+// The pages of a PDF, usually at 96 pixels an inch: a pixel is a content unit.
+QList<QImage> pdfPages(const QString &path, int dpi = 96)
 {
     const QTemporaryDir folder;
     output(QStringLiteral("pdftoppm"),
-           {QStringLiteral("-r"), QStringLiteral("96"), QStringLiteral("-png"), path,
+           {QStringLiteral("-r"), QString::number(dpi), QStringLiteral("-png"), path,
             folder.filePath(QStringLiteral("page"))});
     QList<QImage> pages;
     const QStringList names = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
@@ -173,6 +173,7 @@ private Q_SLOTS:
     void clipboardTakesVectorAndPicture();
     void mimeDataKeepsOtherFormats();
     void printerGetsPages();
+    void printedLinesAreAsWideAsOnTheScreen();
     void nothingToExportIsAnError_data();
     void nothingToExportIsAnError();
     void unusableOptionsAreErrors_data();
@@ -531,6 +532,33 @@ void tst_ExportDiagram::printerGetsPages()
     const QList<QImage> pages = pdfPages(path);
     QCOMPARE(pages.size(), 1);
     QVERIFY(isNear(areaOf(pages.at(0), Qt::red), QRect(38 + 210, 38 + 110, 60, 60), 3));
+}
+
+void tst_ExportDiagram::printedLinesAreAsWideAsOnTheScreen()
+{
+    if (!canReadPdf())
+        QSKIP("pdftoppm is not here to read the pages back");
+    Sheet sheet;
+    sheet.box->setLineWidth(1);
+    sheet.box->setEnabledFGColor(Qt::black);
+    const QString path = sheet.path(QStringLiteral("printed.pdf"));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(path);
+    DiagramExport options;
+    options.figures = {sheet.box};
+
+    QVERIFY(exportDiagram(&sheet.diagram, &printer, options));
+
+    constexpr int fineness = 4; // pixels for one content unit
+    const QImage page = pdfPages(path, 96 * fineness).value(0);
+    const QRect box = areaOf(page, sheet.box->getEnabledBGColor());
+    QVERIFY(box.isValid());
+    int dark = 0;
+    for (int y = box.top() - 20; y < box.bottom() + 20; ++y)
+        dark += qGray(page.pixel(box.left() + box.width() / 8, y)) < 40; // beside the text
+    QVERIFY2(dark >= 2 * fineness - 2 && dark <= 2 * fineness + 2,
+             qPrintable(QString::number(dark)));
 }
 
 void tst_ExportDiagram::nothingToExportIsAnError_data()

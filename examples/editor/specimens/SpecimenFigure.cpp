@@ -41,11 +41,21 @@ void colorTree(Figure *figure, const Theme &theme)
         colorTree(child, theme);
 }
 
+/// As large as there is room, whatever is on it, so that all captions are at one height.
+class Stage : public Figure
+{
+public:
+    using Figure::Figure;
+
+    QSize getMinimumSize() override { return {0, 0}; }
+    QSize getPreferredSize() override { return {0, 0}; }
+};
+
 } // namespace
 
 SpecimenFigure::SpecimenFigure(const QString &specimen, QObject *parent)
     : RoundedRectangle(parent)
-    , m_stage(new Figure(this))
+    , m_stage(new Stage(this))
     , m_caption(new TextBlock(this))
 {
     setXRnd(roundness);
@@ -55,8 +65,6 @@ SpecimenFigure::SpecimenFigure(const QString &specimen, QObject *parent)
     layout->setExpandingDirections({});
     setLayoutManager(layout);
     m_stage->setMargin(stageMargin);
-    m_stage->setMinimumSize({1, 1}); // all stages are of one size, whatever is on them
-    m_stage->setPreferredSize({1, 1});
     m_stage->setLayoutManager(new XYLayout(m_stage));
     add(m_stage, 1, 1, -1);
     m_caption->setExpandingDirections(Qt::Horizontal | Qt::Vertical);

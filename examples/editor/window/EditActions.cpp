@@ -45,6 +45,9 @@ void EditActions::createHistory()
     redo = m_bench.history().createRedoAction(m_window, tr("&Redo"));
     redo->setShortcuts({QKeySequence::Redo, QKeySequence(tr("Ctrl+Y"))});
     redo->setIcon(QIcon::fromTheme(QStringLiteral("edit-redo")));
+    // In the tool bar without what it is that comes back: all else would jump aside at each step.
+    undo->setIconText(tr("Undo"));
+    redo->setIconText(tr("Redo"));
     m_window->addActions({undo, redo});
 }
 

@@ -34,6 +34,7 @@ InlineEditor::InlineEditor(Workbench &bench)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     hide();
     connect(bench.view(), &DiagramView::viewChanged, this, &InlineEditor::place);
+    connect(this, &QPlainTextEdit::textChanged, this, &InlineEditor::centre);
     connect(&bench, &Workbench::documentChanged, this, [this] {
         if (isEditing())
             finish(false); // undone meanwhile, or replaced
@@ -93,6 +94,16 @@ void InlineEditor::place()
     place.moveCenter(rect.center());
     setGeometry(place);
     setFont(textFont());
+    centre();
+}
+
+// The text stays where the figure shows it.
+void InlineEditor::centre()
+{
+    const int lines = qMax(1, document()->blockCount());
+    const double frame = 2 * (frameWidth() + document()->documentMargin());
+    const double free = height() - frame - lines * fontMetrics().lineSpacing();
+    setViewportMargins(0, qMax(0, static_cast<int>(free / 2)), 0, 0);
 }
 
 // The id goes first: hiding takes the focus away, which would finish once more.

@@ -26,6 +26,7 @@ protected:
 
 private:
     void place();
+    void centre();
     void finish(bool keep);
     QRect textRect() const;
     QFont textFont() const;
