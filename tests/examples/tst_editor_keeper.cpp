@@ -7,6 +7,8 @@
 #include "window/FileActions.h"
 #include "window/Keeper.h"
 
+#include <figura/diagram/DiagramView.h>
+
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -20,6 +22,7 @@
 
 using namespace Editor;
 using namespace Editor::EditorFixtures;
+using Velmora::Figura::DiagramView;
 
 class tst_EditorKeeper : public QObject
 {
@@ -41,6 +44,7 @@ private Q_SLOTS:
     void recoveredWorkIsUnsavedWork();
     void aDiscardedDocumentLeavesNoCopy();
     void samplesAreOpenedWithoutAFile();
+    void whatIsOpenedBeforeTheWindowIsShownFits();
     void theDiagramIsExported_data();
     void theDiagramIsExported();
     void anExportThatFailsIsOneMessage();
@@ -258,6 +262,21 @@ void tst_EditorKeeper::samplesAreOpenedWithoutAFile()
     QVERIFY(bench().document().nodeOrder().size() > 10);
     QVERIFY(keeper().path().isEmpty());
     QVERIFY(!keeper().isModified());
+}
+
+void tst_EditorKeeper::whatIsOpenedBeforeTheWindowIsShownFits()
+{
+    EditorWindow window(m_driver->settings(), m_driver->recoveryFolder());
+    DiagramView *view = window.bench().view();
+    QVERIFY(window.keeper().openSample(QStringLiteral("state-machine")));
+
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+
+    const QRect extent = window.bench().diagram().getExtent();
+    QVERIFY(view->getViewRect().contains(extent));
+    QVERIFY2(view->getScale() > 0.4, qPrintable(QString::number(view->getScale())));
 }
 
 void tst_EditorKeeper::theDiagramIsExported_data()

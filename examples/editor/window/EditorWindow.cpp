@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QUndoView>
 
@@ -201,6 +202,14 @@ void EditorWindow::complain(const QString &problem)
         new QMessageBox(QMessageBox::Warning, tr("Diagram editor"), problem, QMessageBox::Ok, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
+}
+
+// What was opened before did not know how much room there would be.
+void EditorWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        QTimer::singleShot(0, m_view, &DiagramView::zoomToFit);
 }
 
 void EditorWindow::closeEvent(QCloseEvent *event)

@@ -46,6 +46,7 @@ public:
     void complain(const QString &problem); ///< In a box, when the window can be seen.
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
 
