@@ -128,10 +128,14 @@ void JsonFields::read(const QString &key, QRect *target)
     if (!has(key))
         return;
     QList<int> ints;
-    if (toInts(value, 4, &ints))
-        *target = QRect(ints.at(0), ints.at(1), ints.at(2), ints.at(3));
-    else
+    if (!toInts(value, 4, &ints)) {
         fail(key, QStringLiteral("not four whole numbers"));
+        return;
+    }
+    // Beyond all limits either way, but a rectangle adds them up, which must not overflow.
+    constexpr int farOut = 1 << 29;
+    const auto near = [&ints](int i) { return qBound(-farOut, ints.at(i), farOut); };
+    *target = QRect(near(0), near(1), near(2), near(3));
 }
 
 void JsonFields::read(const QString &key, QPoint *target)
