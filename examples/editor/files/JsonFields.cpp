@@ -133,7 +133,7 @@ void JsonFields::read(const QString &key, QRect *target)
         return;
     }
     // Beyond all limits either way, but a rectangle adds them up, which must not overflow.
-    constexpr int farOut = 1 << 29;
+    static constexpr int farOut = 1 << 29;
     const auto near = [&ints](int i) { return qBound(-farOut, ints.at(i), farOut); };
     *target = QRect(near(0), near(1), near(2), near(3));
 }
