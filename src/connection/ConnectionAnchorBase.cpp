@@ -33,7 +33,8 @@ void ConnectionAnchorBase::addAnchorListener(IAnchorListener *listener)
 {
     if (QObject *object = asObject(listener, "addAnchorListener"))
         ensure(m_listeners)
-            .add(object, connectNormalized(this, anchorMovedSignature, object, anchorMovedSignature));
+            .add(object,
+                 connectNormalized(this, anchorMovedSignature, object, anchorMovedSignature));
 }
 
 void ConnectionAnchorBase::removeAnchorListener(IAnchorListener *listener)

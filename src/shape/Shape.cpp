@@ -5,9 +5,9 @@
 #include <figura/connection/Polyline.h>
 #include <figura/connection/PolylineF.h>
 
+#include "figure/childwalk_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
-#include "figure/childwalk_p.h"
 #include "layout/childtable_p.h"
 
 #include <QPainter>
