@@ -10,6 +10,8 @@
 #include <figura/layout/Layout.h>
 #include <figura/view/UpdateManager.h>
 
+#include <QMetaMethod>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -78,11 +80,15 @@ Figure *Figure::getParentFigure() const
 
 void Figure::setParentFigure(Figure *parent)
 {
-    const AnnouncedObject<Figure> before(m_parentFigure);
-    const AnnouncedObject<Figure> after(parent);
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&Figure::propertyChanged);
+    const QPointer<Figure> previous = m_parentFigure;
     m_parentFigure = parent;
     setFlag(FLAG_HAD_PARENT, parent != nullptr);
     noteArea();
+    if (!isSignalConnected(signal)) // spares most figures the watch over both parents
+        return;
+    const AnnouncedObject<Figure> before(previous);
+    const AnnouncedObject<Figure> after(parent);
     Q_EMIT propertyChanged(PROPERTY_PARENT, before.value(), after.value());
 }
 

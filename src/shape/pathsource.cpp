@@ -41,15 +41,6 @@ bool isHairline(const QPen &pen)
            pen.brush().style() == Qt::SolidPattern && isOpaque(pen.color());
 }
 
-// Qt leaves out a corner of an outline that begins left of the device or above it.
-bool isInside(const QPainter *painter, const QRect &rect)
-{
-    const QPaintDevice *device = painter->paintEngine()->paintDevice();
-    const QTransform &transform = painter->deviceTransform();
-    const QRect painted = rect.translated(int(transform.dx()), int(transform.dy()));
-    return QRect(0, 0, device->width(), device->height()).contains(painted.adjusted(0, 0, 1, 1));
-}
-
 bool isFlat(const QBrush &brush)
 {
     return brush.style() == Qt::NoBrush ||
@@ -107,13 +98,15 @@ PathSource::Outline RectangleSource::outline() const
 }
 
 // The outline lies on the pixels that follow the right and the lower edge, as that of a path does.
+// Qt leaves out a corner of a path that begins left of the device; here it stays, or scrolling
+// would bring the gap into sight.
 bool RectangleSource::draw(QPainter *painter, const QPointF &offset) const
 {
     const QRectF moved = m_rect.translated(offset);
     const QRect rect = moved.toRect();
     if (QRectF(rect) != moved || !isWhole(moved.x()) || !isWhole(moved.y()) || rect.width() < 2 ||
         rect.height() < 2 || !isPlain(painter) || !isHairline(painter->pen()) ||
-        !isFlat(painter->brush()) || !isInside(painter, rect))
+        !isFlat(painter->brush()))
         return false;
 
     const QColor line = painter->pen().color();

@@ -57,7 +57,7 @@ public:
     qint64 first() const
     {
         const qint64 line = m_from - m_from % m_spacing;
-        const qint64 missed = std::max<qint64>(m_damagedFrom - line, 0);
+        const qint64 missed = m_damagedFrom > m_from ? m_damagedFrom - line : 0;
         return line + (missed + m_spacing - 1) / m_spacing * m_spacing;
     }
     qint64 last() const { return std::min(m_to - 1, m_damagedTo); }

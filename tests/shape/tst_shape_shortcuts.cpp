@@ -36,12 +36,12 @@ struct Look
     Qt::PenStyle style;
 };
 
-Look randomLook(QRandomGenerator &random)
+Look randomLook(QRandomGenerator &random, int from)
 {
     const auto color = [&random]() {
         return QColor::fromHsv(random.bounded(360), 200, 200, random.bounded(4) ? 255 : 120);
     };
-    return {QRect(random.bounded(-20, 100), random.bounded(-20, 80), random.bounded(1, 60),
+    return {QRect(random.bounded(from, 100), random.bounded(from, 80), random.bounded(1, 60),
                   random.bounded(1, 50)),
             color(),
             color(),
@@ -85,6 +85,7 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
     void rectangleLooksLikeItsPath_data();
     void rectangleLooksLikeItsPath();
+    void rectangleLooksTheSameWhereTheDeviceEnds();
     void pathIsTheOneThatWasDue();
 };
 
@@ -108,7 +109,7 @@ void tst_Shape_Shortcuts::rectangleLooksLikeItsPath()
     QRandomGenerator random(7);
 
     for (int i = 0; i < 300; ++i) {
-        const Look look = randomLook(random);
+        const Look look = randomLook(random, 4); // with all its corners, moved or not
         const QRect clip = random.bounded(3) ? QRect() : QRect(20, 10, 50, 40);
         Rectangle direct(nullptr);
         PathRectangle drawn(nullptr);
@@ -117,6 +118,26 @@ void tst_Shape_Shortcuts::rectangleLooksLikeItsPath()
 
         QCOMPARE(picture(direct, transform, clip, isSmooth),
                  picture(drawn, transform, clip, isSmooth));
+    }
+}
+
+// What lies outside may be scrolled into sight later, without being painted again.
+void tst_Shape_Shortcuts::rectangleLooksTheSameWhereTheDeviceEnds()
+{
+    QRandomGenerator random(8);
+
+    for (int i = 0; i < 300; ++i) {
+        Look look = randomLook(random, -20);
+        look.lineWidth = 1;
+        look.style = Qt::SolidLine;
+        look.line.setAlpha(255);
+        look.fill.setAlpha(255);
+        Rectangle rectangle(nullptr);
+        dress(rectangle, look);
+        const QImage cut = picture(rectangle, {}, {}, false);
+        const QImage moved = picture(rectangle, QTransform::fromTranslate(30, 30), {}, false);
+
+        QCOMPARE(cut.copy(0, 0, 90, 70), moved.copy(30, 30, 90, 70));
     }
 }
 
