@@ -55,7 +55,7 @@ endfunction()
 
 function(figura_set_test_environment name)
     set_tests_properties(
-        ${name} PROPERTIES ENVIRONMENT "${FIGURA_TEST_ENVIRONMENT}" TIMEOUT 300
+        ${name} PROPERTIES ENVIRONMENT "${FIGURA_TEST_ENVIRONMENT}" TIMEOUT 900
     )
 endfunction()
 
