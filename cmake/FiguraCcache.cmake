@@ -7,8 +7,13 @@ find_program(FIGURA_CCACHE ccache)
 mark_as_advanced(FIGURA_CCACHE)
 
 if(FIGURA_CCACHE)
-    # Without this leniency ccache refuses every file that uses a precompiled header.
-    set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env "CCACHE_SLOPPINESS=pch_defines,time_macros" ${FIGURA_CCACHE}
+    set(launcher_environment
+        # Without this leniency ccache refuses every file that uses a precompiled header.
+        CCACHE_SLOPPINESS=pch_defines,time_macros
+        # What one clone of this tree has compiled, another one need not.
+        CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1
+    )
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env ${launcher_environment}
+                                    ${FIGURA_CCACHE}
     )
 endif()
