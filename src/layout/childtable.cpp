@@ -16,8 +16,8 @@ bool liesBelow(const ChildRecord *a, const ChildRecord *b)
 
 } // namespace
 
-ChildRecord::ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelper &constraints)
-    : helper(constraints)
+ChildRecord::ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints)
+    : helper(std::move(constraints))
     , figure(child)
     , layout(holder)
 {

@@ -26,7 +26,7 @@ struct ChildRecord
 {
     enum class Class { Unknown, Own, Foreign };
 
-    ChildRecord(Layout *layout, Figure *figure, const Layout::LayoutHelper &helper);
+    ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints);
 
     Layout::LayoutHelper helper;
     Figure *const figure;

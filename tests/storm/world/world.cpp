@@ -234,8 +234,10 @@ FreeformLayeredPane *World::ensureContent()
     return content();
 }
 
+// Nothing may happen to it before it is complete.
 FreeformLayeredPane *World::makePane()
 {
+    const QScopedValueRollback<bool> quiet(m_quiet, true);
     auto *pane = adopt(new Probed<FreeformLayeredPane>(*this));
     panes.add(pane);
     for (int i = 0; i < 2; ++i)
