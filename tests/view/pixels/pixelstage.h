@@ -6,16 +6,14 @@
 #include <figura/view/FreeformViewer.h>
 #include <figura/view/FreeformWidget.h>
 
-#include <QImage>
-#include <QList>
-#include <QRegion>
+#include <screenwatch.h>
 
 namespace Velmora::Figura::Test {
 
 /// A shown viewer, what stands on its screen, and what should stand there.
 ///
 /// Three layers: "ground" with something to cover, "stage" for what is tested, "probe" on top.
-class PixelStage : public QObject
+class PixelStage
 {
 public:
     PixelStage();
@@ -33,22 +31,12 @@ public:
     int units(int pixels) const;
     QRect units(int x, int y, int width, int height) const;
 
-    /// Paints what was asked for, and nothing else, until all is quiet.
-    void settle();
-    /// Settles; then tells how the screen differs from a full repaint. Empty when it does not.
-    QString stalePixels();
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void settle() { m_watch.settle(); }
+    QString stalePixels() { return m_watch.stalePixels(); } ///< Of the screen: see ScreenWatch.
 
 private:
-    QImage screen() const;
-    QImage full();
-    QImage paintedUnder(const QRegion &clip);
-    QList<QPoint> withoutExcuse(const QList<QPoint> &pixels, const QImage &screen);
-
+    ScreenWatch m_watch{&viewer};
     double m_scale = 1.0;
-    bool m_isRecording = true;
-    QList<QRegion> m_paints; // since the last one that left nothing out
 };
 
 } // namespace Velmora::Figura::Test
