@@ -336,6 +336,7 @@ TextFigure *Diagram::setText(Figure *figure, const QString &text)
         shown = figure->getLayoutManager() ? textInside(figure) : createText(figure);
     if (shown)
         shown->setText(text);
+    figure->repaint(); // a text that has no place yet gets one in the next paint
     return shown;
 }
 

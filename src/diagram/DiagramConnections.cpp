@@ -236,6 +236,7 @@ bool Diagram::setBendpoints(PolylineConnection *connection, const QList<QPoint> 
         return false;
     m_bendRouter->setBendpoints(connection, points);
     connection->revalidate();
+    connection->repaint(); // what is invalid waits for the next paint
     return true;
 }
 
@@ -272,6 +273,7 @@ bool Diagram::setArrow(PolylineConnection *connection, End end, Arrow arrow)
         connection->setSourceDecoration(decoration);
     else
         connection->setTargetDecoration(decoration);
+    connection->repaint();
     return true;
 }
 
@@ -288,6 +290,7 @@ TextFigure *Diagram::setLabel(PolylineConnection *connection, const QString &tex
     if (!link->label)
         link->label = createLabel(connection);
     link->label->setText(text);
+    connection->repaint();
     return link->label;
 }
 
