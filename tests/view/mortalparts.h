@@ -1,147 +1,18 @@
 #pragma once
 
 #include "fate.h"
+#include "mortalconnection.h"
+#include "mortallayout.h"
 
 #include <figura/connection/IAnchorListener.h>
-#include <figura/connection/IConnectionAnchor.h>
-#include <figura/connection/IConnectionRouter.h>
 #include <figura/figure/IAncestorListener.h>
 #include <figura/figure/IPropertyChangeListener.h>
 #include <figura/figure/ITreeSearch.h>
 #include <figura/layout/ILayoutListener.h>
-#include <figura/layout/Layout.h>
 #include <figura/layout/PageLayout.h>
 #include <figura/view/Layer.h>
 
-#include <QPoint>
-
 namespace Velmora::Figura::Test {
-
-/// A layout of class Base that announces what is asked of it.
-template<class Base>
-class MortalLayout : public Mortal<Base>
-{
-public:
-    using Mortal<Base>::Mortal;
-    using Mortal<Base>::with;
-
-    QSize calculatePreferredSize() override
-    {
-        return with("calculatePreferredSize", [&] { return Base::calculatePreferredSize(); });
-    }
-    QSize calculateMinimumSize() override
-    {
-        return with("calculateMinimumSize", [&] { return Base::calculateMinimumSize(); });
-    }
-    bool performLayout(const QRect &area) override
-    {
-        return with("performLayout", [&] { return Base::performLayout(area); });
-    }
-    bool applyConstraint(Figure *child, const QVariant &constraint) override
-    {
-        return with("applyConstraint", [&] { return Base::applyConstraint(child, constraint); });
-    }
-    bool setConstraint(Figure *child, const QVariant &constraint) override
-    {
-        return with("setConstraint", [&] { return Base::setConstraint(child, constraint); });
-    }
-    bool layout(Figure *container) override
-    {
-        return with("layout", [&] { return Base::layout(container); });
-    }
-    void invalidate() override
-    {
-        with("invalidate", [&] { Base::invalidate(); });
-    }
-    void render(QPainter *painter, const QStyleOptionViewItem &option) override
-    {
-        with("render", [&] { Base::render(painter, option); });
-    }
-    bool remove(Figure *child) override
-    {
-        return with("remove", [&] { return Base::remove(child); });
-    }
-};
-
-/// A router of class Base that announces what is asked of it.
-template<class Base>
-class MortalRouter : public Mortal<Base>
-{
-public:
-    using Mortal<Base>::Mortal;
-    using Mortal<Base>::with;
-
-    void invalidate(IConnection *connection) override
-    {
-        with("invalidate", [&] { Base::invalidate(connection); });
-    }
-    void remove(IConnection *connection) override
-    {
-        with("remove", [&] { Base::remove(connection); });
-    }
-    void route(IConnection *connection) override
-    {
-        with("route", [&] { Base::route(connection); });
-    }
-    void routeF(IConnection *connection) override
-    {
-        with("routeF", [&] { Base::routeF(connection); });
-    }
-    QList<QPoint> doRoute(IConnection *connection) override
-    {
-        return with("doRoute", [&] { return Base::doRoute(connection); });
-    }
-    void setConstraint(IConnection *connection, const QVariant &constraint) override
-    {
-        with("setConstraint", [&] { Base::setConstraint(connection, constraint); });
-    }
-};
-
-/// An anchor of class Base that announces what is asked of it.
-template<class Base>
-class MortalAnchor : public Mortal<Base>
-{
-public:
-    using Mortal<Base>::Mortal;
-    using Mortal<Base>::with;
-
-    void addAnchorListener(IAnchorListener *listener) override
-    {
-        with("addAnchorListener", [&] { Base::addAnchorListener(listener); });
-    }
-    void removeAnchorListener(IAnchorListener *listener) override
-    {
-        with("removeAnchorListener", [&] { Base::removeAnchorListener(listener); });
-    }
-    QPoint getLocation(const QPoint &reference) override
-    {
-        return with("getLocation", [&] { return Base::getLocation(reference); });
-    }
-    QPoint getReferencePoint() override
-    {
-        return with("getReferencePoint", [&] { return Base::getReferencePoint(); });
-    }
-
-    int listenerCount() const { return this->receivers(SIGNAL(anchorMoved(IConnectionAnchor *))); }
-};
-
-/// A locator of class Base, derived from Locator, that announces what is asked of it.
-template<class Base>
-class MortalLocator : public Mortal<Base>
-{
-public:
-    using Mortal<Base>::Mortal;
-    using Mortal<Base>::with;
-
-    void relocate(Figure *target) override
-    {
-        with("relocate", [&] { Base::relocate(target); });
-    }
-    QPoint getReferencePoint() override
-    {
-        return with("getReferencePoint", [&] { return Base::getReferencePoint(); });
-    }
-};
 
 /// A page that announces what is asked of it.
 class MortalPage : public Mortal<PageLayout>
