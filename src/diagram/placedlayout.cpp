@@ -32,7 +32,7 @@ bool PlacedLayout::add(Figure *child, const QVariant &constraint, int index)
 
 bool PlacedLayout::remove(Figure *child)
 {
-    m_chosen.remove(child);
+    disconnect(m_chosen.take(child).watch);
     return XYLayout::remove(child);
 }
 
@@ -54,8 +54,18 @@ bool PlacedLayout::applyConstraint(Figure *child, const QVariant &constraint)
         return applied;
     m_applyingTo = outer;
     if (placed && isLeftToFigure(constraint.toRect()))
-        m_chosen.insert(child, child->getBounds().size());
+        noteChoice(child);
     return applied;
+}
+
+// Another figure may get the address of one that is gone, and did not choose.
+void PlacedLayout::noteChoice(Figure *child)
+{
+    Choice &choice = m_chosen[child];
+    choice.size = child->getBounds().size();
+    if (!choice.watch)
+        choice.watch =
+            connect(child, &QObject::destroyed, this, [this, child] { m_chosen.remove(child); });
 }
 
 void PlacedLayout::childMoved(Figure *child)
@@ -67,7 +77,7 @@ void PlacedLayout::childMoved(Figure *child)
         return;
 
     // A size that the figure chose stays its own choice, until somebody else chooses.
-    const QSize chosen = m_chosen.value(child);
+    const QSize chosen = m_chosen.value(child).size;
     const QRect before = constraint.toRect();
     QRect bounds = child->getBounds();
     if (before.width() < 1 && bounds.width() == chosen.width())

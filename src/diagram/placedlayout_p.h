@@ -27,8 +27,16 @@ protected:
     bool applyConstraint(Figure *child, const QVariant &constraint) override;
 
 private:
+    struct Choice
+    {
+        QSize size;
+        QMetaObject::Connection watch;
+    };
+
+    void noteChoice(Figure *child);
+
     Figure *m_applyingTo = nullptr;
-    QHash<Figure *, QSize> m_chosen; // what figures chose, where the constraint leaves it to them
+    QHash<Figure *, Choice> m_chosen; // what figures chose, where the constraint leaves it to them
 };
 
 } // namespace Velmora::Figura

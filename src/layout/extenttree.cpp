@@ -51,7 +51,13 @@ void ExtentTree::rebuild(ChildTable &table)
     for (int slot = 0; slot < count; ++slot)
         setLeaf(slot, table.recordAt(m_firstSlot + slot));
     for (int node = m_leaves - 1; node >= 1; --node)
-        m_nodes[node] = m_nodes[node * 2] | m_nodes[node * 2 + 1];
+        m_nodes[node] = unionBelow(node);
+}
+
+QRect ExtentTree::unionBelow(int node) const
+{
+    const std::size_t left = std::size_t(node) * 2;
+    return m_nodes[left] | m_nodes[left + 1];
 }
 
 void ExtentTree::setLeaf(int slot, const ChildRecord *record)
@@ -67,7 +73,7 @@ void ExtentTree::set(int slot, const ChildRecord *record)
 {
     setLeaf(slot, record);
     for (int node = (m_leaves + slot) / 2; node >= 1; node /= 2) {
-        const QRect united = m_nodes[node * 2] | m_nodes[node * 2 + 1];
+        const QRect united = unionBelow(node);
         if (united == m_nodes[node])
             return;
         m_nodes[node] = united;

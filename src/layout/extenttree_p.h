@@ -24,6 +24,7 @@ public:
 private:
     void rebuild(ChildTable &table);
     void set(int slot, const ChildRecord *record);
+    QRect unionBelow(int node) const;
     void setLeaf(int slot, const ChildRecord *record);
 
     std::vector<QRect> m_nodes; // 1 is the root, the leaves are the last half

@@ -72,7 +72,7 @@ public:
 
 private:
     static constexpr qint64 penWidth = 1;
-    static constexpr qint64 block = 3 * 4096; // of dots, each with a gap of two
+    static constexpr qint64 block = qint64(3) * 4096; // of dots, each with a gap of two
 
     const qint64 m_from;
     const qint64 m_to;
