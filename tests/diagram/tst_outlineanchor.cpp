@@ -24,6 +24,8 @@ private Q_SLOTS:
     void shapeWithoutAPathCountsAsItsBounds();
     void nestedShapeAnswersInAbsoluteCoordinates();
     void missingOwnerIsReported();
+    void referenceInTheMiddleOfALoopLeadsOnToTheNextEdge();
+    void ownersThatAreNoShapesCountAsTheirBounds();
     void endsLieOnTheOutlineWhereverTheReferenceIs();
 };
 
@@ -119,6 +121,30 @@ void tst_OutlineAnchor::missingOwnerIsReported()
     QTest::ignoreMessage(QtWarningMsg, "OutlineAnchor::getLocation(): no owner present");
 
     QCOMPARE(anchor.getLocation(QPoint(1, 2)), QPoint());
+}
+
+// Beyond the reference the first of several edges counts, whichever is listed first.
+void tst_OutlineAnchor::referenceInTheMiddleOfALoopLeadsOnToTheNextEdge()
+{
+    Diagram diagram;
+    auto *shape = new Polygon;
+    // Two walls to the right of the centre (150, 150), the outer one first.
+    shape->setLinePoints({QPoint(200, 100), QPoint(200, 200), QPoint(190, 200), QPoint(190, 110),
+                          QPoint(180, 110), QPoint(180, 200), QPoint(100, 200), QPoint(100, 100)});
+    OutlineAnchor anchor(diagram.add(shape, QRect()));
+
+    QCOMPARE(anchor.getLocation(QPoint(160, 150)), QPoint(180, 150));
+}
+
+void tst_OutlineAnchor::ownersThatAreNoShapesCountAsTheirBounds()
+{
+    Figure figure;
+    figure.setBounds(QRect(100, 100, 40, 40));
+    Rectangle shape;
+    OutlineAnchor anchor(&shape);
+    anchor.setOwner(&figure);
+
+    QCOMPARE(anchor.getLocation(QPoint(300, 120)), QPoint(140, 120));
 }
 
 // The stroke of the outline, two units wide, holds every end.

@@ -74,6 +74,10 @@ private Q_SLOTS:
     void nothingIsPaintedWhileHidden();
     void otherDiagramIsShown();
     void missingViewAndDiagramAreBlank();
+    void sameViewKeepsItsPicture();
+    void endlessOverviewShowsNothing();
+    void mouseMovesTheViewOnlyWhileItIsPressed();
+    void mouseMovesNothingWithoutADiagram();
 };
 
 void tst_Overview::everythingIsShownSmall()
@@ -283,6 +287,68 @@ void tst_Overview::missingViewAndDiagramAreBlank()
     QCOMPARE(overview.getView(), &view);
     QCOMPARE(overview.toContent(QPointF(1, 1)), QPointF());
     QCOMPARE(overview.fromContent(QRectF(1, 1, 1, 1)), QRectF());
+}
+
+void tst_Overview::sameViewKeepsItsPicture()
+{
+    OverviewScene scene;
+    QVERIFY(scene.showBoth());
+    scene.takePaints();
+
+    scene.overview.setView(&scene.view);
+    scene.shown();
+
+    QCOMPARE(scene.takePaints(), 0);
+}
+
+// No picture of that size can be made.
+void tst_Overview::endlessOverviewShowsNothing()
+{
+    OverviewScene scene;
+    Overview blank;
+    const auto shownBy = [](Overview *overview) {
+        QImage image(20, 20, QImage::Format_RGB32);
+        overview->resize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        overview->render(&image, QPoint(), QRegion(0, 0, 20, 20));
+        return image;
+    };
+    scene.takePaints();
+
+    QCOMPARE(shownBy(&scene.overview), shownBy(&blank));
+
+    QCOMPARE(scene.takePaints(), 0);
+    QCOMPARE(scene.overview.toContent(QPointF(1, 1)), QPointF());
+    QCOMPARE(scene.overview.fromContent(QRectF(1, 1, 1, 1)), QRectF());
+}
+
+void tst_Overview::mouseMovesTheViewOnlyWhileItIsPressed()
+{
+    OverviewScene scene;
+    QVERIFY(scene.showBoth());
+    const QPoint before = scene.view.getViewLocation();
+    QMouseEvent move(QEvent::MouseMove, QPointF(150, 100),
+                     scene.overview.mapToGlobal(QPointF(150, 100)), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+
+    QCoreApplication::sendEvent(&scene.overview, &move);
+
+    QCOMPARE(scene.view.getViewLocation(), before);
+}
+
+void tst_Overview::mouseMovesNothingWithoutADiagram()
+{
+    DiagramView view;
+    view.resize(100, 80);
+    Overview overview(&view);
+    QMouseEvent move(QEvent::MouseMove, QPointF(30, 20), overview.mapToGlobal(QPointF(30, 20)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+
+    QCoreApplication::sendEvent(&overview, &move);
+    QCOMPARE(view.getViewLocation(), QPoint(0, 0));
+    overview.setView(nullptr);
+    QCoreApplication::sendEvent(&overview, &move);
+
+    QCOMPARE(view.getViewLocation(), QPoint(0, 0));
 }
 
 QTEST_MAIN(tst_Overview)

@@ -1,0 +1,262 @@
+#include "diagram_fixtures.h"
+
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Velmora::Figura;
+using namespace Velmora::Figura::Test;
+
+namespace {
+
+using Deed = std::function<void()>;
+
+/// Does something, once, when it has been validated, moved or painted.
+class Doer : public Rectangle
+{
+public:
+    Deed whenValidated;
+    Deed whenMoved;
+    Deed whenPainted;
+
+    void validate() override
+    {
+        Rectangle::validate();
+        doOnce(&whenValidated);
+    }
+
+    void setBounds(const QRect &rect) override
+    {
+        Rectangle::setBounds(rect);
+        doOnce(&whenMoved);
+    }
+
+    void render(QPainter *painter, const QStyleOptionViewItem &option) override
+    {
+        Rectangle::render(painter, option);
+        doOnce(&whenPainted);
+    }
+
+private:
+    static void doOnce(Deed *deed)
+    {
+        if (const Deed act = std::exchange(*deed, nullptr))
+            act();
+    }
+};
+
+/// A stack of two in a diagram; the lower one does something.
+class StackScene
+{
+public:
+    StackScene()
+    {
+        box->setLayoutManager(new StackLayout(box));
+        box->add(doer);
+        box->add(upper);
+        diagram->add(box.data(), QRect(0, 0, 100, 100));
+    }
+    ~StackScene()
+    {
+        diagram.reset();
+        delete doer;
+        delete upper;
+    }
+    Q_DISABLE_COPY_MOVE(StackScene)
+
+    std::unique_ptr<Diagram> diagram = std::make_unique<Diagram>();
+    QPointer<Rectangle> box = new Rectangle;
+    QPointer<Doer> doer = new Doer;
+    QPointer<Doer> upper = new Doer;
+
+    void destroy(const QString &victim)
+    {
+        if (victim == QStringLiteral("box"))
+            delete box;
+        else if (victim == QStringLiteral("itself"))
+            delete doer;
+        else if (victim == QStringLiteral("the other"))
+            delete upper;
+        else if (victim == QStringLiteral("taken out"))
+            box->remove(upper);
+        else
+            diagram.reset();
+    }
+};
+
+void addVictimRows()
+{
+    QTest::addColumn<QString>("victim");
+    for (const char *victim : {"box", "itself", "the other", "taken out", "diagram"})
+        QTest::newRow(victim) << QString::fromLatin1(victim);
+}
+
+} // namespace
+
+class tst_DiagramInterrupted : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+
+    void anythingMayGoWhileAMoveSettles_data() { addVictimRows(); }
+    void anythingMayGoWhileAMoveSettles();
+    void anythingMayGoWhileTheDiagramIsValidated_data() { addVictimRows(); }
+    void anythingMayGoWhileTheDiagramIsValidated();
+    void figureMayGoWhileItIsResized();
+    void figureMayGoWhileItIsPlaced_data();
+    void figureMayGoWhileItIsPlaced();
+    void anythingMayGoWhileTheDiagramIsPainted_data() { addVictimRows(); }
+    void anythingMayGoWhileTheDiagramIsPainted();
+    void innerFiguresMayGoWhileTheirConnectionsGo();
+    void connectionsMayGoWhileLooseOnesGo();
+};
+
+void tst_DiagramInterrupted::anythingMayGoWhileAMoveSettles()
+{
+    QFETCH(QString, victim);
+    StackScene scene;
+    bool struck = false;
+    scene.doer->whenMoved = [&] {
+        struck = true;
+        scene.destroy(victim);
+    };
+
+    scene.box->setBounds(QRect(50, 50, 100, 100));
+
+    QVERIFY(struck);
+    if (scene.diagram && scene.box) {
+        scene.diagram->validate();
+        QCOMPARE(scene.box->getBounds(), QRect(50, 50, 100, 100));
+        for (Figure *child : scene.box->childFigures())
+            QCOMPARE(child->getBounds(), QRect(50, 50, 100, 100));
+    }
+}
+
+void tst_DiagramInterrupted::anythingMayGoWhileTheDiagramIsValidated()
+{
+    QFETCH(QString, victim);
+    StackScene scene;
+    bool struck = false;
+    scene.doer->whenValidated = [&] {
+        struck = true;
+        scene.destroy(victim);
+    };
+    scene.doer->revalidate();
+
+    scene.box->validate();
+
+    QVERIFY(struck);
+    if (scene.diagram)
+        QCOMPARE(scene.diagram->getFigures().size(), scene.box ? 1 : 0);
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileItIsResized()
+{
+    Diagram diagram;
+    QPointer<Doer> doer = diagram.add(new Doer, QRect(0, 0, 40, 40));
+    const QSignalSpy moved(&diagram, &Diagram::figureMoved);
+    doer->whenValidated = [&] { delete doer; };
+
+    diagram.setBounds(doer, QRect(0, 0, 80, 80));
+
+    QVERIFY(!doer);
+    QCOMPARE(moved.count(), 0);
+    QVERIFY(diagram.getFigures().isEmpty());
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileItIsPlaced_data()
+{
+    QTest::addColumn<QString>("victim");
+    for (const char *victim : {"figure", "layout", "diagram"})
+        QTest::newRow(victim) << QString::fromLatin1(victim);
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileItIsPlaced()
+{
+    QFETCH(QString, victim);
+    auto diagram = std::make_unique<Diagram>();
+    QPointer<Doer> doer = diagram->add(new Doer, QRect(0, 0, 40, 40));
+    Layout *layout = diagram->getFigureLayer()->getLayoutManager();
+    bool struck = false;
+    doer->whenMoved = [&] {
+        struck = true;
+        if (victim == QStringLiteral("figure"))
+            delete doer;
+        else if (victim == QStringLiteral("layout"))
+            delete layout;
+        else
+            diagram.reset();
+    };
+
+    layout->setConstraint(doer, QRect(10, 10, -1, -1));
+
+    QVERIFY(struck);
+    QCOMPARE(doer.isNull(), victim != QStringLiteral("layout"));
+    delete doer;
+}
+
+void tst_DiagramInterrupted::anythingMayGoWhileTheDiagramIsPainted()
+{
+    QFETCH(QString, victim);
+    StackScene scene;
+    auto *last = scene.diagram->add(painted<Rectangle>(Qt::red), QRect(200, 0, 40, 40));
+    Q_UNUSED(last)
+    bool struck = false;
+    scene.doer->whenPainted = [&] {
+        struck = true;
+        scene.destroy(victim);
+    };
+    const QSize size(300, 100);
+    Diagram *diagram = scene.diagram.get();
+
+    const QImage image = paintedImage(
+        size, [&](QPainter *painter) { diagram->render(painter, QRect(QPoint(0, 0), size)); });
+
+    QVERIFY(struck);
+    QCOMPARE(colorAt(image, 220, 20), scene.diagram ? QColor(Qt::red) : QColor(Qt::white));
+}
+
+void tst_DiagramInterrupted::innerFiguresMayGoWhileTheirConnectionsGo()
+{
+    StackScene scene;
+    auto *other = scene.diagram->add(new Rectangle, QRect(200, 0, 40, 40));
+    scene.diagram->connect(other, scene.doer);
+    scene.diagram->connect(other, scene.upper);
+    connect(scene.diagram.get(), &Diagram::connectionRemoved, this, [&] { delete scene.upper; });
+
+    scene.diagram->remove(scene.box);
+
+    QVERIFY(!scene.upper);
+    QVERIFY(scene.diagram->getConnections().isEmpty());
+    QCOMPARE(scene.diagram->getFigures(), QList<Figure *>{other});
+}
+
+// One loses its end with the box, and its slot takes the other one along.
+void tst_DiagramInterrupted::connectionsMayGoWhileLooseOnesGo()
+{
+    StackScene scene;
+    auto *other = scene.diagram->add(new Rectangle, QRect(200, 0, 40, 40));
+    scene.diagram->connect(other, scene.doer);
+    scene.diagram->connect(scene.upper, other);
+    scene.diagram->connect(other, other);
+    int removals = 0;
+    connect(scene.diagram.get(), &Diagram::connectionRemoved, this, [&] {
+        ++removals;
+        const QList<PolylineConnection *> left = scene.diagram->getConnections();
+        for (PolylineConnection *connection : left)
+            scene.diagram->remove(connection);
+    });
+
+    delete scene.box;
+
+    QCOMPARE(removals, 3);
+    QVERIFY(scene.diagram->getConnections().isEmpty());
+}
+
+QTEST_MAIN(tst_DiagramInterrupted)
+#include "tst_diagram_interrupted.moc"
