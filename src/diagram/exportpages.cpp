@@ -55,8 +55,10 @@ ExportPages::ExportPages(const DiagramExport &options, const QRect &subject, con
 
 QTransform ExportPages::transform(int index) const
 {
+    const int row = index / columns;
+    const int column = index % columns;
     QTransform transform;
-    transform.translate(-(index % columns) * page.width(), -(index / columns) * page.height());
+    transform.translate(-column * page.width(), -row * page.height());
     transform.scale(scale, scale);
     transform.translate(-area.x(), -area.y());
     return transform;

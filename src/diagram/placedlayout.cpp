@@ -33,13 +33,15 @@ bool PlacedLayout::add(Figure *child, const QVariant &constraint, int index)
 bool PlacedLayout::remove(Figure *child)
 {
     disconnect(m_chosen.take(child).watch);
-    return XYLayout::remove(child);
+    // Without the extent, as above.
+    return XYLayout::remove(child); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool PlacedLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
     const bool isExact = constraint.typeId() == QMetaType::QRectF;
-    return Layout::setConstraint(child,
+    // What was left to the figure is not to be resolved, as a layout by coordinates does.
+    return Layout::setConstraint(child, // NOLINT(bugprone-parent-virtual-call)
                                  isExact ? QVariant(constraint.toRectF().toRect()) : constraint);
 }
 
