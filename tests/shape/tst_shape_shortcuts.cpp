@@ -3,9 +3,12 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPicture>
 #include <QRandomGenerator>
 #include <QStyleOptionViewItem>
 #include <QTest>
+
+#include <functional>
 
 using namespace Velmora::Figura;
 
@@ -76,6 +79,43 @@ QImage picture(Shape &shape, const QTransform &transform, const QRect &clip, boo
     return image;
 }
 
+using Preparation = std::function<void(QPainter *)>;
+
+// With a painter that was prepared for all that is painted.
+QImage special(Shape *shape, const Preparation &prepare)
+{
+    QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor(240, 240, 200));
+    QPainter painter(&image);
+    prepare(&painter);
+    QStyleOptionViewItem option;
+    option.rect = QRect(-1000, -1000, 3000, 3000);
+    shape->render(&painter, option);
+    return image;
+}
+
+// Takes other pens and brushes than those of its settings.
+template<class Base>
+class Prepared : public Base
+{
+public:
+    explicit Prepared(const Preparation &prepare)
+        : Base(nullptr)
+        , m_prepare(prepare)
+    {
+    }
+
+protected:
+    void drawShape(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        m_prepare(painter);
+        Base::drawShape(painter, option);
+    }
+
+private:
+    const Preparation m_prepare;
+};
+
 } // namespace
 
 class tst_Shape_Shortcuts : public QObject
@@ -86,6 +126,11 @@ private Q_SLOTS:
     void rectangleLooksLikeItsPath_data();
     void rectangleLooksLikeItsPath();
     void rectangleLooksTheSameWhereTheDeviceEnds();
+    void specialPaintersSeeThePath_data();
+    void specialPaintersSeeThePath();
+    void specialPensAndBrushesSeeThePath_data();
+    void specialPensAndBrushesSeeThePath();
+    void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
 };
 
@@ -141,6 +186,98 @@ void tst_Shape_Shortcuts::rectangleLooksTheSameWhereTheDeviceEnds()
     }
 }
 
+void tst_Shape_Shortcuts::specialPaintersSeeThePath_data()
+{
+    QTest::addColumn<Preparation>("prepare");
+    const auto row = [](const char *name, const Preparation &prepare) {
+        QTest::newRow(name) << prepare;
+    };
+    row("half seen", [](QPainter *painter) { painter->setOpacity(0.5); });
+    row("moved by part of a column", [](QPainter *painter) { painter->translate(0.3, 0); });
+    row("moved by part of a row", [](QPainter *painter) { painter->translate(0, 0.7); });
+    row("moved far away", [](QPainter *painter) { painter->translate(1 << 25, 0); });
+    row("moved far down", [](QPainter *painter) { painter->translate(0, 1 << 25); });
+    row("subtracted", [](QPainter *painter) {
+        painter->setCompositionMode(QPainter::CompositionMode_Difference);
+    });
+}
+
+void tst_Shape_Shortcuts::specialPaintersSeeThePath()
+{
+    QFETCH(Preparation, prepare);
+    const Look look{QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 1, Qt::SolidLine};
+    const auto paint = [&](Shape *shape) {
+        dress(*shape, look);
+        return special(shape, prepare);
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    QCOMPARE(paint(&direct), paint(&drawn));
+}
+
+void tst_Shape_Shortcuts::specialPensAndBrushesSeeThePath_data()
+{
+    QTest::addColumn<Preparation>("prepare");
+    const auto row = [](const char *name, const Preparation &prepare) {
+        QTest::newRow(name) << prepare;
+    };
+    row("two pixels wide", [](QPainter *painter) {
+        QPen pen(Qt::red, 2);
+        pen.setCosmetic(true);
+        painter->setPen(pen);
+    });
+    row("one unit wide", [](QPainter *painter) {
+        QPen pen(Qt::red, 1);
+        pen.setCosmetic(false);
+        painter->setPen(pen);
+    });
+    row("patterned line", [](QPainter *painter) {
+        QPen pen(QBrush(Qt::red, Qt::Dense4Pattern), 1);
+        pen.setCosmetic(true);
+        painter->setPen(pen);
+    });
+    row("patterned fill",
+        [](QPainter *painter) { painter->setBrush(QBrush(Qt::blue, Qt::Dense4Pattern)); });
+    row("hairline", [](QPainter *painter) { painter->setPen(QPen(Qt::red, 0)); });
+}
+
+void tst_Shape_Shortcuts::specialPensAndBrushesSeeThePath()
+{
+    QFETCH(Preparation, prepare);
+    const Look look{QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 1, Qt::SolidLine};
+    Prepared<Rectangle> direct(prepare);
+    Prepared<PathRectangle> drawn(prepare);
+    dress(direct, look);
+    dress(drawn, look);
+
+    QCOMPARE(picture(direct, {}, {}, false), picture(drawn, {}, {}, false));
+}
+
+// A recording is played back on devices whose pixels nobody knows yet.
+void tst_Shape_Shortcuts::vectorDevicesSeeThePath()
+{
+    const auto played = [](Shape *shape) {
+        dress(*shape, {QRect(10, 10, 30, 20), Qt::red, Qt::blue, true, 1, Qt::SolidLine});
+        QPicture recording;
+        QPainter recorder(&recording);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 100, 100);
+        shape->render(&recorder, option);
+        recorder.end();
+        QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.scale(2, 2);
+        recording.play(&painter);
+        return image;
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    QCOMPARE(played(&direct), played(&drawn));
+}
+
 void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
 {
     Ellipse ellipse(nullptr);
@@ -155,6 +292,8 @@ void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
     QVERIFY(!ellipse.contains(QPoint(2, 2)));
     QVERIFY(!ellipse.contains(QPoint(120, 15)));
 }
+
+Q_DECLARE_METATYPE(Preparation)
 
 QTEST_MAIN(tst_Shape_Shortcuts)
 #include "tst_shape_shortcuts.moc"
