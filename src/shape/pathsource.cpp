@@ -54,6 +54,11 @@ bool PathSource::draw(QPainter * /*painter*/, const QPointF & /*offset*/) const
     return false;
 }
 
+std::optional<bool> PathSource::contains(const QPointF & /*point*/) const
+{
+    return {};
+}
+
 void PathSource::give(Shape *shape, std::unique_ptr<PathSource> source)
 {
     shape->m_path = QPainterPath();
@@ -80,6 +85,13 @@ PathSource::Outline PathSource::outlineOf(const QPainterPath &path)
     return {false, path.currentPosition() == first, path.controlPointRect()};
 }
 
+bool PathSource::contains(const Shape *shape, const QPointF &point)
+{
+    const bool isBuilt = shape->m_isBuilt || !shape->m_source;
+    const std::optional<bool> known = isBuilt ? std::nullopt : shape->m_source->contains(point);
+    return known ? *known : shape->getPainterPath().contains(point);
+}
+
 RectangleSource::RectangleSource(const QRectF &rect)
     : m_rect(rect)
 {
@@ -95,6 +107,14 @@ QPainterPath RectangleSource::build() const
 PathSource::Outline RectangleSource::outline() const
 {
     return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
+}
+
+// As the winding number has it, the left and the upper edge are inside, the others are not.
+std::optional<bool> RectangleSource::contains(const QPointF &point) const
+{
+    const QRectF rect = m_rect.normalized();
+    return point.x() >= rect.left() && point.x() < rect.right() && point.y() >= rect.top() &&
+           point.y() < rect.bottom();
 }
 
 // The outline lies on the pixels that follow the right and the lower edge, as that of a path does.

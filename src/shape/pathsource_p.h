@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 class QPainter;
 
@@ -37,9 +38,13 @@ public:
     /// moved by \a offset. False otherwise.
     virtual bool draw(QPainter *painter, const QPointF &offset) const;
 
+    /// What the path answers, where that is known without it.
+    virtual std::optional<bool> contains(const QPointF &point) const;
+
     static void give(Shape *shape, std::unique_ptr<PathSource> source);
-    static QRectF boundsOf(const Shape *shape);   ///< Of its path, built or not.
-    static Outline outlineOf(const Shape *shape); ///< Of its path, built or not.
+    static QRectF boundsOf(const Shape *shape);                     ///< Of its path, built or not.
+    static Outline outlineOf(const Shape *shape);                   ///< Of its path, built or not.
+    static bool contains(const Shape *shape, const QPointF &point); ///< Its path, built or not.
     static Outline outlineOf(const QPainterPath &path);
 };
 
@@ -51,6 +56,7 @@ public:
     QPainterPath build() const override;
     Outline outline() const override;
     bool draw(QPainter *painter, const QPointF &offset) const override;
+    std::optional<bool> contains(const QPointF &point) const override;
 
 private:
     const QRectF m_rect;

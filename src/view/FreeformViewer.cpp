@@ -77,7 +77,7 @@ IViewport *FreeformViewer::getViewport()
 
 void FreeformViewer::updateContentRect(const QRect &rect)
 {
-    if (m_widget)
+    if (m_widget && m_widget->m_damage->isWanted())
         m_widget->m_damage->add(damagedPixels(rect));
 }
 
@@ -89,7 +89,8 @@ QRect FreeformViewer::damagedPixels(const QRect &rect) const
         return m_widget->fromLogical(QRectF(rect)).toRect();
 
     const int reach = PaintReach::Damage::reach();
-    const int more = PaintReach::pixelsAround(m_widget->getScale(), m_widget->devicePixelRatioF());
+    const int more =
+        PaintReach::pixelsAround(m_widget->getScale(), m_widget->m_damage->devicePixelRatio());
     return m_widget->fromLogical(QRectF(rect.adjusted(-reach, -reach, reach, reach)))
         .toAlignedRect()
         .adjusted(-more, -more, more, more);

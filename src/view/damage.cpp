@@ -20,6 +20,18 @@ QRect WidgetDamage::visiblePart() const
                   : m_widget->rect();
 }
 
+bool WidgetDamage::isWanted() const
+{
+    return m_widget->isVisible();
+}
+
+double WidgetDamage::devicePixelRatio()
+{
+    if (m_ratio == 0)
+        m_ratio = m_widget->devicePixelRatioF();
+    return m_ratio;
+}
+
 void WidgetDamage::add(const QRect &pixels)
 {
     const QRect visible = pixels & visiblePart();
@@ -52,6 +64,7 @@ bool WidgetDamage::willBePainted(const QRect &pixels) const
 void WidgetDamage::beginPaint(const QRegion &region)
 {
     ++m_paintsUnderWay;
+    m_ratio = 0;
     m_toPaint = region;
     m_asked = 0;
     m_bounds = QRect();

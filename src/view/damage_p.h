@@ -17,6 +17,8 @@ class WidgetDamage
 public:
     explicit WidgetDamage(QWidget *widget);
 
+    bool isWanted() const;         ///< False while nothing of the widget is shown.
+    double devicePixelRatio();     ///< As the last paint had it: with another one, all is painted.
     void add(const QRect &pixels); ///< In the widget's coordinates.
 
     /// The widget is going to paint \a region, after the last changes to what it shows.
@@ -32,6 +34,7 @@ private:
     bool willBePainted(const QRect &pixels) const;
 
     QWidget *const m_widget;
+    double m_ratio = 0; // to ask for it takes as long as all the rest
     QRegion m_toPaint;
     int m_asked = 0; // since the last paint
     QRect m_bounds;  // of what was asked for since
