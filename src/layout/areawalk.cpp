@@ -1,5 +1,6 @@
 #include "areawalk_p.h"
 
+#include "areasearch_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/workcounters_p.h"
 
@@ -12,7 +13,7 @@ AreaWalk::AreaWalk(Layout *layout, const QList<QRect> &rects, Direction directio
     , m_table(ChildTable::of(layout))
     , m_direction(direction)
 {
-    m_askAll = !isOwnClass(layout) || !m_table.findIn(rects, m_found);
+    m_askAll = areaSearch().isPlain || !isOwnClass(layout) || !m_table.findIn(rects, m_found);
     if (m_askAll)
         m_table.figures();
     m_all = m_table.figuresAndGaps();

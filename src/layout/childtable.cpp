@@ -1,5 +1,6 @@
 #include "childtable_p.h"
 
+#include "areasearch_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/workcounters_p.h"
 
@@ -271,7 +272,7 @@ void ChildTable::classify(ChildRecord *record)
 
 bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &found)
 {
-    if (count() < fewChildren)
+    if (count() < areaSearch().fewestChildren)
         return false;
     if (!m_grid)
         m_grid = std::make_unique<ChildGrid>();

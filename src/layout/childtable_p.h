@@ -113,7 +113,6 @@ private:
 
     static constexpr int foreignKind = 4;
     static constexpr std::size_t fewNotes = 64;
-    static constexpr int fewChildren = 32; // asked one by one as quickly
 
     Notes &notes(int kind) { return m_notes[kind]; }
     const Notes &notes(int kind) const { return m_notes[kind]; }

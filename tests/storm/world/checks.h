@@ -19,6 +19,7 @@ class World;
 void checkTree(World &world);         ///< Parents, children, flags and update managers agree.
 void checkHitTest(World &world);      ///< Searches find what the plain way finds.
 void checkPicture(World &world);      ///< The screen shows what a full repaint shows.
+void checkIndex(World &world);        ///< Where the children lie is known, for painting as well.
 void checkReservations(World &world); ///< Routers keep lines for living connections only.
 void checkValidity(World &world);     ///< Nothing stays invalid for good.
 

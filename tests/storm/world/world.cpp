@@ -1,5 +1,7 @@
 #include "world.h"
 
+#include "layout/areasearch_p.h"
+
 #include "probe.h"
 #include "updatewatch.h"
 
@@ -40,6 +42,7 @@ World::World(QByteArray &fault)
     , m_messages([this](const QByteArray &text) { report("message", text); })
     , m_context(std::make_unique<QObject>())
 {
+    areaSearch().fewestChildren = 2; // no world has many
     recover();
     settle();
 }

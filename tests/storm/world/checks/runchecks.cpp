@@ -7,7 +7,7 @@ void runChecks(World &world)
 {
     world.settle();
     for (const auto check :
-         {checkTree, checkValidity, checkReservations, checkHitTest, checkPicture}) {
+         {checkTree, checkValidity, checkReservations, checkHitTest, checkPicture, checkIndex}) {
         if (!world.hasFault())
             world.checkAtRest(check);
     }
