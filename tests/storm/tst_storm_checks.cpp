@@ -6,6 +6,7 @@
 
 #include <figura/connection/PolylineConnection.h>
 #include <figura/connection/XYAnchor.h>
+#include <figura/layout/XYLayout.h>
 
 #include <QTest>
 
@@ -81,6 +82,13 @@ void stayAttached(World &world)
     figure->addNotify();
 }
 
+void stayAttachedBelowWhatIsNot(World &world)
+{
+    auto *figure = world.adopt(new Probed<Figure>(world));
+    world.makePane()->childFigures().first()->add(figure, QRect(10, 10, 30, 20));
+    figure->addNotify();
+}
+
 void hideFromSearches(World &world)
 {
     addTo<BlindFigure>(world, QRect(0, 0, 90, 90));
@@ -132,6 +140,8 @@ private Q_SLOTS:
     void operationWaitsForItsMoment();
     void whatWaitsIsNotRunBetweenChecks();
     void destroyedViewerIsMadeAnew();
+    void formerContentMayStayAttached();
+    void childrenThatComeWhileALayoutIsChangedStayBehind();
 };
 
 void tst_StormChecks::newWorldIsFlawless()
@@ -150,6 +160,8 @@ void tst_StormChecks::flawIsNoticed_data()
     QTest::addColumn<QByteArray>("kind");
     QTest::newRow("a child without its parent") << Spoiler(leaveParent) << QByteArray("tree");
     QTest::newRow("attached to nothing") << Spoiler(stayAttached) << QByteArray("tree");
+    QTest::newRow("attached below what is not")
+        << Spoiler(stayAttachedBelowWhatIsNot) << QByteArray("tree");
     QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
     QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
     QTest::newRow("lines of a former connection")
@@ -222,6 +234,45 @@ void tst_StormChecks::destroyedViewerIsMadeAnew()
 
     QVERIFY(world.stage.viewer());
     QCOMPARE(world.content(), pane);
+    QCOMPARE(fault, QByteArray());
+}
+
+// As documented: a viewer that goes tells nobody.
+void tst_StormChecks::formerContentMayStayAttached()
+{
+    QByteArray fault;
+    World world(fault);
+    FreeformLayeredPane *former = world.content();
+    world.perform(Operation{codeOf("destroyViewer"), {}});
+    FreeformLayeredPane *pane = world.makePane();
+
+    pane->addLayer(former, world.newKey());
+    world.checkAtRest(checkTree);
+
+    QVERIFY(former->getFlag(Figure::FLAG_NOTIFIED));
+    QVERIFY(!pane->getFlag(Figure::FLAG_NOTIFIED));
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::childrenThatComeWhileALayoutIsChangedStayBehind()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *parent = addTo<Probed<Figure>>(world, QRect(10, 10, 60, 60));
+    parent->setLayoutManager(new XYLayout(parent));
+    auto *child = world.adopt(new Probed<Figure>(world));
+    auto *late = world.adopt(new Probed<Figure>(world));
+    parent->add(child, QRect(0, 0, 10, 10));
+    connect(
+        child, &Figure::propertyChanged, parent,
+        [=]() { parent->add(late, QRect(20, 20, 10, 10)); }, Qt::SingleShotConnection);
+
+    world.perform(Operation{codeOf("changeLayout"), {0}}); // of the first one that is no layer
+    runChecks(world);
+
+    QCOMPARE(late->getParentFigure(), parent);
+    QVERIFY(!parent->childFigures().contains(late));
+    QVERIFY(parent->childFigures().contains(child));
     QCOMPARE(fault, QByteArray());
 }
 

@@ -248,6 +248,7 @@ FreeformLayeredPane *World::makePane()
 // A content is as large as its own bounds say, and has none before somebody looks at it.
 void World::showContent(FreeformLayeredPane *pane)
 {
+    m_contents.append(pane);
     pane->setVisible(true);
     stage.viewer()->setContent(pane);
     stage.viewer()->setViewLocation(QPoint(-10, -10));
@@ -275,6 +276,11 @@ void World::noteForgotten(const QList<Figure *> &children)
 bool World::isForgotten(Figure *figure) const
 {
     return m_forgotten.contains(figure);
+}
+
+bool World::wasContent(Figure *figure) const
+{
+    return m_contents.contains(figure);
 }
 
 QString World::newKey()
