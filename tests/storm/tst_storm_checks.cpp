@@ -1,6 +1,7 @@
 #include <checks.h>
 #include <play.h>
 #include <probe.h>
+#include <updatewatch.h>
 #include <watchedrouter.h>
 #include <world.h>
 
@@ -60,6 +61,27 @@ public:
     using Probed::Probed;
 
     void validate() override {}
+};
+
+/// Calls for the validation of another figure while it arranges its children.
+class MeddlingLayout : public XYLayout
+{
+public:
+    MeddlingLayout(Figure *owner, Figure *victim)
+        : XYLayout(owner)
+        , m_victim(victim)
+    {
+    }
+
+protected:
+    bool performLayout(const QRect &clientArea) override
+    {
+        m_victim->revalidate();
+        return XYLayout::performLayout(clientArea);
+    }
+
+private:
+    Figure *const m_victim;
 };
 
 template<class T>
@@ -140,6 +162,8 @@ private Q_SLOTS:
     void operationWaitsForItsMoment();
     void whatWaitsIsNotRunBetweenChecks();
     void destroyedViewerIsMadeAnew();
+    void droppedFigureIsMissedUntilItIsValid();
+    void figureThatIsInvalidOnceMoreWasNotDropped();
     void formerContentMayStayAttached();
     void childrenThatComeWhileALayoutIsChangedStayBehind();
 };
@@ -234,6 +258,46 @@ void tst_StormChecks::destroyedViewerIsMadeAnew()
 
     QVERIFY(world.stage.viewer());
     QCOMPARE(world.content(), pane);
+    QCOMPARE(fault, QByteArray());
+}
+
+// Lets a pass drop the returned layer.
+Layer *dropLayer(World &world)
+{
+    auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    auto *meddler = world.adopt(new Probed<Figure>(world));
+    meddler->setLayoutManager(new MeddlingLayout(meddler, victim));
+    world.content()->childFigures().last()->add(meddler, QRect(60, 10, 30, 20));
+    world.settle();
+    world.updateManager()->forgetServed(); // what it has done meanwhile does not count
+    meddler->revalidate();
+    world.updateManager()->performUpdate();
+    return anyLayer(world);
+}
+
+void tst_StormChecks::droppedFigureIsMissedUntilItIsValid()
+{
+    QByteArray fault;
+    World world(fault);
+
+    dropLayer(world);
+    world.checkAtRest(checkValidity);
+
+    QVERIFY2(fault.startsWith("validity: "), fault.constData());
+}
+
+void tst_StormChecks::figureThatIsInvalidOnceMoreWasNotDropped()
+{
+    QByteArray fault;
+    World world(fault);
+
+    Layer *layer = dropLayer(world);
+    world.stage.settle();
+    QVERIFY(layer->getFlag(Figure::FLAG_VALID));
+    layer->setBounds(layer->getBounds().adjusted(0, 0, 9, 9)); // asks for no update
+    QVERIFY(!layer->getFlag(Figure::FLAG_VALID));
+    world.checkAtRest(checkValidity);
+
     QCOMPARE(fault, QByteArray());
 }
 

@@ -39,13 +39,14 @@ private:
     {
         QPointer<Figure> figure;
         int passes = 0;      ///< It was queued during so many since it was forgotten last,
-        bool isLost = false; ///< and is invalid at the end of the latest.
+        bool isLost = false; ///< and has been invalid since the end of the latest.
     };
 
     void promise(Figure *figure);
     bool isBroken(const Promise &promise) const;
     void reportBroken();
     void recordDrops();
+    void noteServed();
 
     World &m_world;
     bool m_validating = false;
