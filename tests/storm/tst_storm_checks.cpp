@@ -7,6 +7,7 @@
 
 #include <figura/connection/PolylineConnection.h>
 #include <figura/connection/XYAnchor.h>
+#include <figura/figure/SimpleBorder.h>
 #include <figura/layout/XYLayout.h>
 
 #include <QTest>
@@ -45,6 +46,25 @@ protected:
     {
         painter->fillRect(option.rect, color);
     }
+};
+
+/// Is somewhere else whenever it is painted, and invalid again.
+class RestlessFigure : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+protected:
+    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        painter->fillRect(option.rect, Qt::red);
+        auto *self = const_cast<RestlessFigure *>(this);
+        self->setBounds(getBoundsNow().translated(getBoundsNow().x() < 60 ? 7 : -40, 0));
+        self->revalidate();
+    }
+
+private:
+    QRect getBoundsNow() const { return const_cast<RestlessFigure *>(this)->getBounds(); }
 };
 
 /// Keeps the lines of connections that have left it.
@@ -162,6 +182,8 @@ private Q_SLOTS:
     void operationWaitsForItsMoment();
     void whatWaitsIsNotRunBetweenChecks();
     void destroyedViewerIsMadeAnew();
+    void whatMovesWithEveryPaintIsNotCompared();
+    void borderThatDiesIsNoFlaw();
     void droppedFigureIsMissedUntilItIsValid();
     void figureThatIsInvalidOnceMoreWasNotDropped();
     void formerContentMayStayAttached();
@@ -258,6 +280,39 @@ void tst_StormChecks::destroyedViewerIsMadeAnew()
 
     QVERIFY(world.stage.viewer());
     QCOMPARE(world.content(), pane);
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::whatMovesWithEveryPaintIsNotCompared()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<RestlessFigure>(world, QRect(10, 10, 30, 20));
+    world.settle();
+    const QRect before = figure->getBounds();
+    world.settle();
+    QVERIFY(figure->getBounds() != before);
+
+    world.checkAtRest(checkPicture);
+
+    QCOMPARE(fault, QByteArray());
+}
+
+// As documented: a border tells nobody, so the storm looks at the result of a repaint.
+void tst_StormChecks::borderThatDiesIsNoFlaw()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    Border *border = new SimpleBorder(nullptr, 3);
+    world.adopt(border);
+    figure->setBorder(border);
+    runChecks(world);
+    QCOMPARE(fault, QByteArray());
+
+    delete border;
+    runChecks(world);
+
     QCOMPARE(fault, QByteArray());
 }
 

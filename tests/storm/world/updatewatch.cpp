@@ -24,8 +24,10 @@ bool becomesValid(const Figure *figure)
 UpdateWatch::UpdateWatch(World &world)
     : m_world(world)
 {
-    connect(this, &UpdateManager::aboutToValidate, this,
-            [this]() { m_world.happens(Moment::Validate); });
+    connect(this, &UpdateManager::aboutToValidate, this, [this]() {
+        ++m_passes;
+        m_world.happens(Moment::Validate);
+    });
 }
 
 void UpdateWatch::addInvalidFigure(Figure *figure)

@@ -19,6 +19,8 @@ public:
     void addInvalidFigure(Figure *figure) override;
     void performUpdate() override;
 
+    int passes() const { return m_passes; } ///< Those that had something to validate.
+
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
     void forgetServed(); ///< What was dropped and has become valid since.
@@ -50,6 +52,7 @@ private:
 
     World &m_world;
     bool m_validating = false;
+    int m_passes = 0;
     QList<QPointer<Figure>> m_queued;
     QList<Promise> m_promises;
     QList<QPointer<Figure>> m_late; // queued while the pass was under way

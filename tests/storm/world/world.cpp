@@ -194,6 +194,14 @@ void World::watch(Figure *figure)
         on(layer, &FreeformLayer::extentChanged, Moment::Extent);
 }
 
+// It tells none of those that it is set on when it dies, with its owner say.
+void World::adopt(Border *border)
+{
+    borders.add(border);
+    QObject::connect(border, &QObject::destroyed, m_context.get(),
+                     [this]() { stage.askForFullRepaint(); });
+}
+
 Figure *World::pickContainer(Numbers &numbers) const
 {
     QList<Figure *> fitting;

@@ -59,6 +59,7 @@ public:
 
     template<class T>
     T *adopt(T *figure); ///< Registers and watches a figure.
+    void adopt(Border *border);
     template<class T>
     T *pick(Numbers &numbers) const; ///< One of the figures of that class.
 
