@@ -75,9 +75,9 @@ PathSource::Outline PathSource::outlineOf(const Shape *shape)
 PathSource::Outline PathSource::outlineOf(const QPainterPath &path)
 {
     if (path.elementCount() == 0)
-        return {true, false, {}};
+        return {true, false, false, {}};
     const QPointF first(path.elementAt(0));
-    return {false, path.currentPosition() == first, path.controlPointRect()};
+    return {false, path.currentPosition() == first, false, path.controlPointRect()};
 }
 
 RectangleSource::RectangleSource(const QRectF &rect)
@@ -94,7 +94,7 @@ QPainterPath RectangleSource::build() const
 
 PathSource::Outline RectangleSource::outline() const
 {
-    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
+    return {m_rect.isNull(), !m_rect.isNull(), true, m_rect.normalized()};
 }
 
 // The outline lies on the pixels that follow the right and the lower edge, as that of a path does.
@@ -135,7 +135,7 @@ QPainterPath EllipseSource::build() const
 
 PathSource::Outline EllipseSource::outline() const
 {
-    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
+    return {m_rect.isNull(), !m_rect.isNull(), true, m_rect.normalized()};
 }
 
 } // namespace Velmora::Figura
