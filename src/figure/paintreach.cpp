@@ -55,12 +55,15 @@ int reachOf(const Border *border)
     return std::max({1, -inmost, isThin ? 1 : utmost});
 }
 
-// The square caps of open paths and of dashes stick out with their corners.
+// The square caps of open paths and of dashes stick out with their corners. The thinnest line may
+// take a whole pixel more where it ends, or turns on a slant.
 double halfLine(const Shape &shape, const PathSource::Outline &outline)
 {
-    const double half = std::max(shape.getLineWidth(), 1) / 2.0;
+    const int width = std::max(shape.getLineWidth(), 1);
     const bool hasCaps = !outline.isClosed || shape.getLineStyle() != Qt::SolidLine;
-    return hasCaps ? half * std::numbers::sqrt2 : half;
+    const double half = hasCaps ? width / 2.0 * std::numbers::sqrt2 : width / 2.0;
+    const bool isExact = width > 1 || (outline.isUpright && !hasCaps);
+    return isExact ? half : half + 1.0;
 }
 
 int reachOfLine(const Shape &shape, const PathSource::Outline &outline, const QRect &bounds)

@@ -12,6 +12,10 @@ namespace {
 
 constexpr int preferredAllowance = 10;
 
+// To follow a move up may move the child once more, to its minimum size or back to its locator. One
+// that grows whenever it is asked, or flees from its locator, would go on for ever.
+constexpr int mostFollowedMoves = 8;
+
 bool isRectangle(const QVariant &constraint)
 {
     const int type = constraint.typeId();
@@ -30,6 +34,35 @@ int childMovedSlot()
     static const int slot = XYLayout::staticMetaObject.indexOfSlot("childMoved(Figure*)");
     return slot;
 }
+
+/// Counts how often the move of a child is followed up within itself.
+class FollowedMove
+{
+public:
+    FollowedMove(const Layout *layout, Figure *child)
+        : m_layout(layout)
+        , m_child(child)
+        , m_isOneTooMany(step(1) > mostFollowedMoves)
+    {
+    }
+    ~FollowedMove() { step(-1); }
+    FollowedMove(const FollowedMove &) = delete;
+    FollowedMove &operator=(const FollowedMove &) = delete;
+
+    bool isOneTooMany() const { return m_isOneTooMany; }
+
+private:
+    int step(int by) const
+    {
+        ChildRecord *record =
+            m_layout && m_child ? ChildTable::of(m_layout).find(m_child) : nullptr;
+        return record ? record->moves = qMax(record->moves + by, 0) : 0;
+    }
+
+    const QPointer<const Layout> m_layout;
+    const QPointer<Figure> m_child;
+    const bool m_isOneTooMany;
+};
 
 // The preferred size is asked for only where it is needed: asking an invalid figure has effects.
 // Being asked may also be the end of it.
@@ -160,6 +193,9 @@ void XYLayout::childMoved(Figure *child)
     if (!child || !isLaidOut())
         return;
 
+    const FollowedMove move(this, child);
+    if (move.isOneTooMany())
+        return;
     const QPointer<XYLayout> alive(this);
     const QPointer<Figure> moved(child);
     const QVariant constraint = getConstraint(child);

@@ -39,6 +39,7 @@ struct ChildRecord
     bool dismissed = false; // no child any more, though still in the list
     int cellPosition = -1;  // in the grid
     quint64 cell = 0;
+    int moves = 0; // of it that are being followed up, each within the one before
 };
 
 /// The children of a layout in their order, their records, and what is pending for them.

@@ -80,9 +80,9 @@ PathSource::Outline PathSource::outlineOf(const Shape *shape)
 PathSource::Outline PathSource::outlineOf(const QPainterPath &path)
 {
     if (path.elementCount() == 0)
-        return {true, false, {}};
+        return {true, false, false, {}};
     const QPointF first(path.elementAt(0));
-    return {false, path.currentPosition() == first, path.controlPointRect()};
+    return {false, path.currentPosition() == first, false, path.controlPointRect()};
 }
 
 bool PathSource::contains(const Shape *shape, const QPointF &point)
@@ -106,7 +106,7 @@ QPainterPath RectangleSource::build() const
 
 PathSource::Outline RectangleSource::outline() const
 {
-    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
+    return {m_rect.isNull(), !m_rect.isNull(), true, m_rect.normalized()};
 }
 
 // As the winding number has it, the left and the upper edge are inside, the others are not.
@@ -155,7 +155,7 @@ QPainterPath EllipseSource::build() const
 
 PathSource::Outline EllipseSource::outline() const
 {
-    return {m_rect.isNull(), !m_rect.isNull(), m_rect.normalized()};
+    return {m_rect.isNull(), !m_rect.isNull(), true, m_rect.normalized()};
 }
 
 } // namespace Velmora::Figura

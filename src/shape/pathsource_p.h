@@ -27,7 +27,8 @@ public:
     {
         bool isEmpty; ///< Without a single element.
         bool isClosed;
-        QRectF bounds; ///< Of its control points.
+        bool isUpright; ///< A rectangle or an ellipse.
+        QRectF bounds;  ///< Of its control points.
     };
 
     virtual ~PathSource() = default;
@@ -105,7 +106,8 @@ public:
             least = {qMin(least.x(), point.x()), qMin(least.y(), point.y())};
             most = {qMax(most.x(), point.x()), qMax(most.y(), point.y())};
         }
-        return {false, QPointF(m_points.first()) == QPointF(m_points.last()), {least, most}};
+        const bool isClosed = QPointF(m_points.first()) == QPointF(m_points.last());
+        return {false, isClosed, false, {least, most}};
     }
 
 private:

@@ -44,10 +44,12 @@ void SecondTurn::examine(const QList<QPointer<Figure>> &late)
 void SecondTurn::run()
 {
     const QPointer<FreeformWidget> alive(m_widget);
-    m_served += m_waiting;
     for (const QPointer<Figure> &figure : std::exchange(m_waiting, {})) {
-        if (figure && !isValidUpToTheRoot(figure))
-            figure->revalidate();
+        if (!figure ||
+            isValidUpToTheRoot(figure)) // a paint was quicker, and its turn is still to come
+            continue;
+        m_served.append(figure);
+        figure->revalidate();
         if (!alive)
             return;
     }

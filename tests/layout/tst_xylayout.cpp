@@ -8,6 +8,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
+
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
 
@@ -24,6 +26,32 @@ public:
     {
         given.append(constraint);
         return !refuses && XYLayout::setConstraint(child, constraint);
+    }
+};
+
+/// Asks for more whenever it is asked.
+class GreedyFigure : public SizedFigure
+{
+public:
+    int asked = 0;
+
+    QSize getMinimumSize() override
+    {
+        ++asked;
+        return minimum += QSize(1, 1);
+    }
+};
+
+/// Places its target always one further than it was.
+class ChasingLocator : public LocatorProbe
+{
+public:
+    int chased = 0;
+
+    void relocate(Figure *target) override
+    {
+        ++chased;
+        target->setBounds(target->getBounds().translated(1, 0));
     }
 };
 
@@ -97,6 +125,9 @@ private Q_SLOTS:
     void moveAsksTheLocatorAndIsAnnounced();
     void locatorBringsAMovedChildBack();
     void moveOfAChildWhoseLocatorDiedChangesNothing();
+    void childThatGrowsWheneverItIsAskedComesToRest();
+    void childThatItsLocatorChasesComesToRest();
+    void childrenThatFollowEachOtherAllArrive();
     void refusedConstraintOfAMoveIsNotAnnounced();
     void moveGoesThroughTheVirtualSetConstraint();
     void layoutPassAnnouncesNothing();
@@ -661,6 +692,62 @@ void tst_XYLayout::locatorBringsAMovedChildBack()
     child.setBounds(QRect(11, 12, 30, 40));
 
     QCOMPARE(child.getBounds(), QRect(5, 6, 7, 8));
+}
+
+void tst_XYLayout::childThatGrowsWheneverItIsAskedComesToRest()
+{
+    Scene<XYLayout> scene(QRect(0, 0, 100, 100));
+    GreedyFigure child;
+    scene.layout.add(&child, QRect(1, 2, 30, 40));
+    scene.figure.validate();
+    child.minimum = QSize(60, 60);
+    child.asked = 0;
+
+    child.setBounds(QRect(11, 12, 5, 5));
+
+    QVERIFY(child.asked > 0);
+    QVERIFY(child.asked < 50);
+    QVERIFY(child.getBounds().width() > 60);
+    QCOMPARE(scene.layout.getConstraint(&child), QVariant(child.getBounds()));
+}
+
+void tst_XYLayout::childThatItsLocatorChasesComesToRest()
+{
+    Scene<XYLayout> scene(QRect(0, 0, 100, 100));
+    SizedFigure child;
+    ChasingLocator locator;
+    locator.setParent(&scene.figure);
+    scene.layout.add(&child, asConstraint(&locator));
+    scene.figure.validate();
+
+    for (int round = 0; round < 3; ++round) { // the end of one chase does not prevent the next
+        locator.chased = 0;
+        child.setBounds(QRect(11, 12, 5, 5));
+
+        QVERIFY(locator.chased > 0);
+        QVERIFY(locator.chased < 50);
+    }
+}
+
+void tst_XYLayout::childrenThatFollowEachOtherAllArrive()
+{
+    Scene<XYLayout> scene(QRect(0, 0, 1000, 100));
+    std::array<SizedFigure, 40> children;
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        scene.layout.add(&children[i], QRect(int(i) * 20, 0, 10, 10));
+        if (i > 0)
+            connect(&children[i - 1], &Figure::figureMoved, &children[i],
+                    [&children, i](Figure *moved) {
+                        children[i].setBounds(moved->getBounds().translated(20, 0));
+                    });
+    }
+    scene.figure.validate();
+
+    children.front().setBounds(QRect(0, 30, 10, 10));
+
+    for (std::size_t i = 0; i < children.size(); ++i)
+        QCOMPARE(scene.layout.getConstraint(&children[i]),
+                 QVariant(QRect(int(i) * 20, 30, 10, 10)));
 }
 
 void tst_XYLayout::moveOfAChildWhoseLocatorDiedChangesNothing()

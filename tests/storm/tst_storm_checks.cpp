@@ -1,11 +1,14 @@
 #include <checks.h>
 #include <play.h>
 #include <probe.h>
+#include <updatewatch.h>
 #include <watchedrouter.h>
 #include <world.h>
 
 #include <figura/connection/PolylineConnection.h>
 #include <figura/connection/XYAnchor.h>
+#include <figura/figure/SimpleBorder.h>
+#include <figura/layout/XYLayout.h>
 
 #include <QTest>
 
@@ -45,6 +48,25 @@ protected:
     }
 };
 
+/// Is somewhere else whenever it is painted, and invalid again.
+class RestlessFigure : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+protected:
+    void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        painter->fillRect(option.rect, Qt::red);
+        auto *self = const_cast<RestlessFigure *>(this);
+        self->setBounds(getBoundsNow().translated(getBoundsNow().x() < 60 ? 7 : -40, 0));
+        self->revalidate();
+    }
+
+private:
+    QRect getBoundsNow() const { return const_cast<RestlessFigure *>(this)->getBounds(); }
+};
+
 /// Keeps the lines of connections that have left it.
 class GreedyRouter : public WatchedRouter
 {
@@ -59,6 +81,27 @@ public:
     using Probed::Probed;
 
     void validate() override {}
+};
+
+/// Calls for the validation of another figure while it arranges its children.
+class MeddlingLayout : public XYLayout
+{
+public:
+    MeddlingLayout(Figure *owner, Figure *victim)
+        : XYLayout(owner)
+        , m_victim(victim)
+    {
+    }
+
+protected:
+    bool performLayout(const QRect &clientArea) override
+    {
+        m_victim->revalidate();
+        return XYLayout::performLayout(clientArea);
+    }
+
+private:
+    Figure *const m_victim;
 };
 
 template<class T>
@@ -78,6 +121,13 @@ void leaveParent(World &world)
 void stayAttached(World &world)
 {
     auto *figure = world.adopt(new Probed<Figure>(world));
+    figure->addNotify();
+}
+
+void stayAttachedBelowWhatIsNot(World &world)
+{
+    auto *figure = world.adopt(new Probed<Figure>(world));
+    world.makePane()->childFigures().first()->add(figure, QRect(10, 10, 30, 20));
     figure->addNotify();
 }
 
@@ -132,6 +182,12 @@ private Q_SLOTS:
     void operationWaitsForItsMoment();
     void whatWaitsIsNotRunBetweenChecks();
     void destroyedViewerIsMadeAnew();
+    void whatMovesWithEveryPaintIsNotCompared();
+    void borderThatDiesIsNoFlaw();
+    void droppedFigureIsMissedUntilItIsValid();
+    void figureThatIsInvalidOnceMoreWasNotDropped();
+    void formerContentMayStayAttached();
+    void childrenThatComeWhileALayoutIsChangedStayBehind();
 };
 
 void tst_StormChecks::newWorldIsFlawless()
@@ -150,6 +206,8 @@ void tst_StormChecks::flawIsNoticed_data()
     QTest::addColumn<QByteArray>("kind");
     QTest::newRow("a child without its parent") << Spoiler(leaveParent) << QByteArray("tree");
     QTest::newRow("attached to nothing") << Spoiler(stayAttached) << QByteArray("tree");
+    QTest::newRow("attached below what is not")
+        << Spoiler(stayAttachedBelowWhatIsNot) << QByteArray("tree");
     QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
     QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
     QTest::newRow("lines of a former connection")
@@ -222,6 +280,118 @@ void tst_StormChecks::destroyedViewerIsMadeAnew()
 
     QVERIFY(world.stage.viewer());
     QCOMPARE(world.content(), pane);
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::whatMovesWithEveryPaintIsNotCompared()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<RestlessFigure>(world, QRect(10, 10, 30, 20));
+    world.settle();
+    const QRect before = figure->getBounds();
+    world.settle();
+    QVERIFY(figure->getBounds() != before);
+
+    world.checkAtRest(checkPicture);
+
+    QCOMPARE(fault, QByteArray());
+}
+
+// As documented: a border tells nobody, so the storm looks at the result of a repaint.
+void tst_StormChecks::borderThatDiesIsNoFlaw()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    Border *border = new SimpleBorder(nullptr, 3);
+    world.adopt(border);
+    figure->setBorder(border);
+    runChecks(world);
+    QCOMPARE(fault, QByteArray());
+
+    delete border;
+    runChecks(world);
+
+    QCOMPARE(fault, QByteArray());
+}
+
+// Lets a pass drop the returned layer.
+Layer *dropLayer(World &world)
+{
+    auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    auto *meddler = world.adopt(new Probed<Figure>(world));
+    meddler->setLayoutManager(new MeddlingLayout(meddler, victim));
+    world.content()->childFigures().last()->add(meddler, QRect(60, 10, 30, 20));
+    world.settle();
+    world.updateManager()->forgetServed(); // what it has done meanwhile does not count
+    meddler->revalidate();
+    world.updateManager()->performUpdate();
+    return anyLayer(world);
+}
+
+void tst_StormChecks::droppedFigureIsMissedUntilItIsValid()
+{
+    QByteArray fault;
+    World world(fault);
+
+    dropLayer(world);
+    world.checkAtRest(checkValidity);
+
+    QVERIFY2(fault.startsWith("validity: "), fault.constData());
+}
+
+void tst_StormChecks::figureThatIsInvalidOnceMoreWasNotDropped()
+{
+    QByteArray fault;
+    World world(fault);
+
+    Layer *layer = dropLayer(world);
+    world.stage.settle();
+    QVERIFY(layer->getFlag(Figure::FLAG_VALID));
+    layer->setBounds(layer->getBounds().adjusted(0, 0, 9, 9)); // asks for no update
+    QVERIFY(!layer->getFlag(Figure::FLAG_VALID));
+    world.checkAtRest(checkValidity);
+
+    QCOMPARE(fault, QByteArray());
+}
+
+// As documented: a viewer that goes tells nobody.
+void tst_StormChecks::formerContentMayStayAttached()
+{
+    QByteArray fault;
+    World world(fault);
+    FreeformLayeredPane *former = world.content();
+    world.perform(Operation{codeOf("destroyViewer"), {}});
+    FreeformLayeredPane *pane = world.makePane();
+
+    pane->addLayer(former, world.newKey());
+    world.checkAtRest(checkTree);
+
+    QVERIFY(former->getFlag(Figure::FLAG_NOTIFIED));
+    QVERIFY(!pane->getFlag(Figure::FLAG_NOTIFIED));
+    QCOMPARE(fault, QByteArray());
+}
+
+void tst_StormChecks::childrenThatComeWhileALayoutIsChangedStayBehind()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *parent = addTo<Probed<Figure>>(world, QRect(10, 10, 60, 60));
+    parent->setLayoutManager(new XYLayout(parent));
+    auto *child = world.adopt(new Probed<Figure>(world));
+    auto *late = world.adopt(new Probed<Figure>(world));
+    parent->add(child, QRect(0, 0, 10, 10));
+    connect(
+        child, &Figure::propertyChanged, parent,
+        [=]() { parent->add(late, QRect(20, 20, 10, 10)); }, Qt::SingleShotConnection);
+
+    world.perform(Operation{codeOf("changeLayout"), {0}}); // of the first one that is no layer
+    runChecks(world);
+
+    QCOMPARE(late->getParentFigure(), parent);
+    QVERIFY(!parent->childFigures().contains(late));
+    QVERIFY(parent->childFigures().contains(child));
     QCOMPARE(fault, QByteArray());
 }
 

@@ -1,7 +1,10 @@
 #include "scene.h"
 
+#include <figura/connection/ConnectionLayer.h>
+#include <figura/connection/Polyline.h>
 #include <figura/figure/SimpleBorder.h>
 #include <figura/layout/XYLayout.h>
+#include <figura/shape/Polygon.h>
 
 #include <countingfigure.h>
 
@@ -179,6 +182,8 @@ private Q_SLOTS:
     void scrolledHighlightLeavesThePixelsOfAFullRepaint();
     void movedFigureLeavesNoTrailAtAnyScale_data();
     void movedFigureLeavesNoTrailAtAnyScale();
+    void thinLineThatGoesLeavesNothing_data();
+    void thinLineThatGoesLeavesNothing();
     void movedFigureIsPaintedWhereItWentAndGoneWhereItWas();
     void damageSmallerThanAUnitIsPaintedToo();
     void figuresOutsideTheDamageAreNotPainted();
@@ -311,6 +316,59 @@ void tst_ViewIncremental::movedFigureLeavesNoTrailAtAnyScale()
                                             .arg(trail.y())
                                             .arg(trail.width())
                                             .arg(trail.height())));
+}
+
+void tst_ViewIncremental::thinLineThatGoesLeavesNothing_data()
+{
+    QTest::addColumn<bool>("isPolygon");
+    QTest::addColumn<bool>("antialias");
+    QTest::addColumn<Qt::PenStyle>("style");
+    for (bool isPolygon : {false, true}) {
+        for (bool antialias : {false, true}) {
+            for (Qt::PenStyle style : {Qt::SolidLine, Qt::DotLine})
+                QTest::addRow("%s%s%s", isPolygon ? "polygon" : "polyline",
+                              antialias ? ", smooth" : "", style == Qt::DotLine ? ", dotted" : "")
+                    << isPolygon << antialias << style;
+        }
+    }
+}
+
+// Where the thinnest lines end, and where they turn sharply, Qt paints a pixel more than half of
+// their width.
+void tst_ViewIncremental::thinLineThatGoesLeavesNothing()
+{
+    QFETCH(bool, isPolygon);
+    QFETCH(bool, antialias);
+    QFETCH(Qt::PenStyle, style);
+    Screen screen;
+    QVERIFY(screen.isShown);
+    ConnectionLayer layer(nullptr, false);
+    layer.setAntialias(antialias);
+    screen.scene.pane.addLayer(&layer, QStringLiteral("lines"));
+    layer.setFreeformBounds(screen.scene.pane.getBounds());
+    const std::unique_ptr<Polyline> line(isPolygon ? new Polygon(nullptr) : new Polyline(nullptr));
+    line->setFill(false);
+    line->setLineStyle(style);
+    layer.add(line.get());
+    const QImage empty = screen.incremental();
+    QRandomGenerator random(3);
+
+    for (int round = 0; round < 150; ++round) {
+        QList<QPoint> points;
+        for (int i = 0; i < 3; ++i)
+            points.append(QPoint(random.bounded(20, 160), random.bounded(20, 50)));
+        line->setLinePoints(points);
+        screen.scene.viewer.update();
+        QVERIFY(screen.incremental() != empty);
+        line->removeAllPoints();
+        const QRect left = differenceOf(screen.incremental(), empty);
+        QVERIFY2(left.isNull(), qPrintable(QStringLiteral("round %1: (%2, %3) %4 x %5")
+                                               .arg(round)
+                                               .arg(left.x())
+                                               .arg(left.y())
+                                               .arg(left.width())
+                                               .arg(left.height())));
+    }
 }
 
 void tst_ViewIncremental::movedFigureIsPaintedWhereItWentAndGoneWhereItWas()

@@ -125,6 +125,7 @@ private Q_SLOTS:
     void droppedFigureRevalidatesOnce();
     void figureThatIsStillToComeNeedsNoSecondTurn();
     void figureThatIsValidByThenIsLeftAlone();
+    void figureThatIsValidByThenMayStillNeedATurn();
     void figureDestroyedByThenIsForgotten();
     void widgetDestroyedByThenDoesNothing();
     void viewerWithoutUpdateManagerByThenDoesNothing();
@@ -227,6 +228,22 @@ void tst_ViewSecondTurn::figureThatIsValidByThenIsLeftAlone()
 
     QCOMPARE(stage.low.layout.layouts, 0);
     QCOMPARE(passes.count(), 0);
+}
+
+void tst_ViewSecondTurn::figureThatIsValidByThenMayStillNeedATurn()
+{
+    Stage stage;
+    QVERIFY(stage.isShown);
+    stage.high.layout.onLayout = [&] { stage.low.revalidate(); };
+    stage.passOverHigh();
+    stage.pane.validate();
+    stage.wires.validate();
+
+    stage.high.revalidate(); // so that the pass of the second turn calls for the lower one again
+    turnEvents();
+
+    QVERIFY(stage.low.getFlag(Figure::FLAG_VALID));
+    QVERIFY(stage.wires.getFlag(Figure::FLAG_VALID));
 }
 
 void tst_ViewSecondTurn::figureDestroyedByThenIsForgotten()

@@ -14,6 +14,27 @@ constexpr QSize windowSize(200, 150);
 constexpr int settlingTurns = 4;
 constexpr qsizetype rememberedPaints = 60;
 
+/// Tells when it is being resized, which may happen in many an operation.
+class ShownViewer : public FreeformViewer
+{
+public:
+    explicit ShownViewer(bool &resizing)
+        : FreeformViewer(nullptr)
+        , m_resizing(resizing)
+    {
+    }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        const QScopedValueRollback<bool> resizing(m_resizing, true);
+        FreeformViewer::resizeEvent(event);
+    }
+
+private:
+    bool &m_resizing;
+};
+
 QImage comparable(const QPixmap &pixmap)
 {
     return pixmap.toImage().convertToFormat(QImage::Format_RGB32);
@@ -31,7 +52,7 @@ Stage::~Stage()
 void Stage::open()
 {
     close();
-    m_viewer = new FreeformViewer(nullptr);
+    m_viewer = new ShownViewer(m_resizing);
     m_viewer->setFrameShape(QFrame::NoFrame);
     m_viewer->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_viewer->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

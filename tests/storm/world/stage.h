@@ -29,7 +29,7 @@ public:
     void askForFullRepaint();
 
     bool isPainting() const;
-    bool isHandlingEvents() const { return m_settling; }
+    bool isHandlingEvents() const { return m_settling || m_resizing; }
 
     QImage screen() const; ///< What the window shows, without asking it to paint.
     QImage full();         ///< The same painted anew.
@@ -55,6 +55,7 @@ private:
     QPointer<FreeformViewer> m_viewer;
     QList<Paint> m_paints; // regions of the widget, the latest last
     bool m_settling = false;
+    bool m_resizing = false;
     bool m_recording = true; // what is painted to judge the screen does not count
 };
 

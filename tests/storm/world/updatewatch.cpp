@@ -24,8 +24,10 @@ bool becomesValid(const Figure *figure)
 UpdateWatch::UpdateWatch(World &world)
     : m_world(world)
 {
-    connect(this, &UpdateManager::aboutToValidate, this,
-            [this]() { m_world.happens(Moment::Validate); });
+    connect(this, &UpdateManager::aboutToValidate, this, [this]() {
+        ++m_passes;
+        m_world.happens(Moment::Validate);
+    });
 }
 
 void UpdateWatch::addInvalidFigure(Figure *figure)
@@ -37,8 +39,17 @@ void UpdateWatch::addInvalidFigure(Figure *figure)
 
 void UpdateWatch::noteInvalidated(Figure *figure)
 {
+    noteServed();
     if (m_validating)
         m_invalidated.insert(figure);
+}
+
+// What has become valid was not lost, even if it becomes invalid once more: by a change of its size
+// alone, say, for which nobody asks for an update.
+void UpdateWatch::noteServed()
+{
+    for (Drop &drop : m_drops)
+        drop.isLost = drop.isLost && drop.figure && !isValid(drop.figure);
 }
 
 void UpdateWatch::performUpdate()
@@ -98,6 +109,7 @@ void UpdateWatch::reportBroken()
 
 void UpdateWatch::recordDrops()
 {
+    noteServed();
     QSet<Figure *> seen;
     for (const QPointer<Figure> &figure : std::exchange(m_late, {})) {
         if (!figure || !becomesValid(figure) || seen.contains(figure))

@@ -19,6 +19,8 @@ public:
     void addInvalidFigure(Figure *figure) override;
     void performUpdate() override;
 
+    int passes() const { return m_passes; } ///< Those that had something to validate.
+
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
     void forgetServed(); ///< What was dropped and has become valid since.
@@ -39,16 +41,18 @@ private:
     {
         QPointer<Figure> figure;
         int passes = 0;      ///< It was queued during so many since it was forgotten last,
-        bool isLost = false; ///< and is invalid at the end of the latest.
+        bool isLost = false; ///< and has been invalid since the end of the latest.
     };
 
     void promise(Figure *figure);
     bool isBroken(const Promise &promise) const;
     void reportBroken();
     void recordDrops();
+    void noteServed();
 
     World &m_world;
     bool m_validating = false;
+    int m_passes = 0;
     QList<QPointer<Figure>> m_queued;
     QList<Promise> m_promises;
     QList<QPointer<Figure>> m_late; // queued while the pass was under way

@@ -197,6 +197,14 @@ void World::watch(Figure *figure)
         on(layer, &FreeformLayer::extentChanged, Moment::Extent);
 }
 
+// It tells none of those that it is set on when it dies, with its owner say.
+void World::adopt(Border *border)
+{
+    borders.add(border);
+    QObject::connect(border, &QObject::destroyed, m_context.get(),
+                     [this]() { stage.askForFullRepaint(); });
+}
+
 Figure *World::pickContainer(Numbers &numbers) const
 {
     QList<Figure *> fitting;
@@ -251,6 +259,7 @@ FreeformLayeredPane *World::makePane()
 // A content is as large as its own bounds say, and has none before somebody looks at it.
 void World::showContent(FreeformLayeredPane *pane)
 {
+    m_contents.append(pane);
     pane->setVisible(true);
     stage.viewer()->setContent(pane);
     stage.viewer()->setViewLocation(QPoint(-10, -10));
@@ -278,6 +287,11 @@ void World::noteForgotten(const QList<Figure *> &children)
 bool World::isForgotten(Figure *figure) const
 {
     return m_forgotten.contains(figure);
+}
+
+bool World::wasContent(Figure *figure) const
+{
+    return m_contents.contains(figure);
 }
 
 QString World::newKey()

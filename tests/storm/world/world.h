@@ -59,6 +59,7 @@ public:
 
     template<class T>
     T *adopt(T *figure); ///< Registers and watches a figure.
+    void adopt(Border *border);
     template<class T>
     T *pick(Numbers &numbers) const; ///< One of the figures of that class.
 
@@ -78,6 +79,7 @@ public:
     /// them.
     void noteForgotten(const QList<Figure *> &children);
     bool isForgotten(Figure *figure) const;
+    bool wasContent(Figure *figure) const; ///< Or is it.
 
     void setOrderOfEnd(int order) { m_orderOfEnd = order; }
 
@@ -98,6 +100,7 @@ private:
     QByteArray &m_fault;
     MessageWatch m_messages;
     QList<QPointer<Figure>> m_forgotten;
+    QList<QPointer<Figure>> m_contents; // all that there ever were
     int m_orderOfEnd = 0;
     int m_keys = 0;
     std::unique_ptr<QObject> m_context; // ends the watch over what outlives the world

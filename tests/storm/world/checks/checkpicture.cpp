@@ -1,10 +1,38 @@
 #include "../checks.h"
+#include "../updatewatch.h"
 #include "../world.h"
 
 #include <cstring>
+#include <optional>
 
 namespace Velmora::Figura::Storm {
 namespace {
+
+constexpr int mostAttempts = 4;
+
+/// What the screen shows, and what a full repaint does.
+struct Pictures
+{
+    QImage screen;
+    QImage full;
+};
+
+// A full repaint that has something to validate shows what comes after the screen. A connection
+// that is anchored to its own label, say, and places it, moves with every paint, for ever: then
+// there is nothing to compare.
+std::optional<Pictures> takePictures(World &world)
+{
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const QImage screen = world.stage.screen();
+        const UpdateWatch *manager = world.updateManager();
+        const int passes = manager ? manager->passes() : 0;
+        const QImage full = world.stage.full();
+        if (!manager || manager->passes() == passes)
+            return Pictures{screen, full};
+        world.settle();
+    }
+    return std::nullopt;
+}
 
 bool areEqual(const QImage &a, const QImage &b)
 {
@@ -49,8 +77,10 @@ void checkPicture(World &world)
 {
     if (!world.stage.widget())
         return;
-    const QImage screen = world.stage.screen();
-    const QImage full = world.stage.full();
+    const std::optional<Pictures> pictures = takePictures(world);
+    if (!pictures)
+        return;
+    const auto &[screen, full] = *pictures;
     if (areEqual(screen, full))
         world.stage.forgetPaints();
     else if (screen.size() != full.size())

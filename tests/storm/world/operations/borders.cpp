@@ -40,7 +40,7 @@ void giveBorder(World &world, Numbers &numbers)
     if (!figure)
         return;
     Border *border = makeBorder(numbers.coin() ? figure : nullptr, numbers);
-    world.borders.add(border);
+    world.adopt(border);
     show(world, figure, border);
 }
 

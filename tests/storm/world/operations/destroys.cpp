@@ -8,7 +8,7 @@
 namespace Velmora::Figura::Storm {
 namespace {
 
-// What only a full repaint shows is asked for: a border or a layout tells nobody when it dies.
+// What only a full repaint shows is asked for: a layout tells nobody when it dies.
 template<class T>
 void destroy(World &world, T *object)
 {
@@ -48,7 +48,7 @@ void destroyLayout(World &world, Numbers &numbers)
 
 void destroyBorder(World &world, Numbers &numbers)
 {
-    destroy(world, world.borders.pick(numbers));
+    delete world.borders.pick(numbers);
 }
 
 void destroyAnchor(World &world, Numbers &numbers)

@@ -47,19 +47,36 @@ Figure *pickPlain(World &world, Numbers &numbers)
     return fitting.value(numbers.below(int(fitting.size())));
 }
 
-// The former layout keeps the children, so they are taken out first and put back afterwards.
+// Whoever is told that one goes may destroy the others, or the figure.
+QList<QPointer<Figure>> takeChildren(const QPointer<Figure> &figure)
+{
+    const QList<Figure *> present = figure->childFigures();
+    const QList<QPointer<Figure>> children(present.begin(), present.end());
+    for (const QPointer<Figure> &child : children) {
+        if (figure && child)
+            figure->remove(child);
+    }
+    return children;
+}
+
+// The former layout keeps its children, as documented: nobody shows them any more.
+void leaveBehind(World &world, const QList<Figure *> &children)
+{
+    world.noteForgotten(children);
+    if (!children.isEmpty())
+        world.stage.askForFullRepaint();
+}
+
+// So they are taken out first and put back afterwards; only those that have come meanwhile are not.
 void changeLayout(World &world, Numbers &numbers)
 {
     const QPointer<Figure> figure = pickPlain(world, numbers);
     if (!figure)
         return;
-    QList<QPointer<Figure>> children;
-    for (Figure *child : figure->childFigures()) {
-        children.append(child);
-        figure->remove(child);
-        if (!figure)
-            return;
-    }
+    const QList<QPointer<Figure>> children = takeChildren(figure);
+    if (!figure)
+        return;
+    leaveBehind(world, figure->childFigures());
     Layout *layout = makeLayout(world, numbers.coin() ? figure.data() : nullptr, numbers);
     watch(world, layout);
     const QPointer<Layout> former = figure->setLayoutManager(layout);
@@ -73,18 +90,16 @@ void changeLayout(World &world, Numbers &numbers)
         figure->revalidate();
 }
 
-// Here the former layout keeps the children, as documented: nobody shows them any more.
 void replaceLayout(World &world, Numbers &numbers)
 {
     const QPointer<Figure> figure = pickPlain(world, numbers);
     if (!figure)
         return;
-    world.noteForgotten(figure->childFigures());
+    leaveBehind(world, figure->childFigures());
     Layout *layout = makeLayout(world, figure, numbers);
     watch(world, layout);
     figure->setLayoutManager(layout);
     figure->revalidate();
-    world.stage.askForFullRepaint();
 }
 
 void tuneLayout(World &world, Numbers &numbers)
