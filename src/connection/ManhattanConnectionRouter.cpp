@@ -1,5 +1,6 @@
 #include <figura/connection/ManhattanConnectionRouter.h>
 
+#include "lineset_p.h"
 #include "points_p.h"
 #include "routing_p.h"
 
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <typeinfo>
 
 namespace Velmora::Figura {
 namespace {
@@ -157,6 +159,41 @@ int lineNear(int wanted, const Bounds &bounds, const std::function<bool(int)> &u
     return found.value_or(first);
 }
 
+// The same where a line is usable unless it is taken: the nearest free one on either side is known
+// at once, and the nearer of the two comes first, unless an end of the search comes before it.
+int lineNear(int wanted, const Bounds &bounds, const LineSet &taken,
+             const std::function<void(int)> &reserve)
+{
+    const int first = wanted % 2 == 1 ? wanted - 1 : wanted;
+    if (first < 1)
+        return first;
+    if (!taken.contains(first)) {
+        reserve(first);
+        return first;
+    }
+    if (first <= bounds.lower)
+        return first + 2;
+
+    const qint64 most = first / 2;
+    const qint64 toUpper = qMax<qint64>((qint64(bounds.upper) - first + 1) / 2, 0);
+    const qint64 toLower = (qint64(first) - bounds.lower + 1) / 2;
+    const qint64 upwards = qMin(taken.stepsToFree(first, 1, most), toUpper);
+    const qint64 downwards = qMin(taken.stepsToFree(first, -1, most), toLower);
+    if (qMin(upwards, downwards) >= most)
+        return first;
+    const int line = int(upwards <= downwards ? first + 2 * upwards : first - 2 * downwards);
+    if (taken.contains(line))
+        return line <= bounds.lower ? line + 2 : line - 2;
+    reserve(line);
+    return line;
+}
+
+// What a subclass thinks of a line is not known.
+bool isPlain(const ManhattanConnectionRouter *router)
+{
+    return typeid(*router) == typeid(ManhattanConnectionRouter);
+}
+
 } // namespace
 
 const Ray ManhattanConnectionRouter::UP(0, -1);
@@ -166,6 +203,8 @@ const Ray ManhattanConnectionRouter::RIGHT(1, 0);
 
 ManhattanConnectionRouter::ManhattanConnectionRouter(QObject *parent)
     : AbstractRouter(parent)
+    , m_usedColumns(std::make_unique<LineSet>())
+    , m_usedRows(std::make_unique<LineSet>())
 {
 }
 
@@ -210,12 +249,12 @@ Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
 
 bool ManhattanConnectionRouter::rowUsable(IConnection * /*connection*/, int row) const
 {
-    return !m_usedRows.contains(row);
+    return !m_usedRows->contains(row);
 }
 
 bool ManhattanConnectionRouter::colUsable(IConnection * /*connection*/, int column) const
 {
-    return !m_usedColumns.contains(column);
+    return !m_usedColumns->contains(column);
 }
 
 void ManhattanConnectionRouter::invalidate(IConnection *connection)
@@ -294,19 +333,23 @@ QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, cons
 int ManhattanConnectionRouter::getColumnNear(IConnection *connection, int wanted, int before,
                                              int after)
 {
-    return lineNear(
-        wanted, searchBounds(wanted, before, after),
-        [&](int column) { return colUsable(connection, column); },
-        [&](int column) { reserveColumn(connection, column); });
+    const Bounds bounds = searchBounds(wanted, before, after);
+    const auto reserve = [&](int column) { reserveColumn(connection, column); };
+    if (isPlain(this))
+        return lineNear(wanted, bounds, *m_usedColumns, reserve);
+    const auto usable = [&](int column) { return colUsable(connection, column); };
+    return lineNear(wanted, bounds, usable, reserve);
 }
 
 int ManhattanConnectionRouter::getRowNear(IConnection *connection, int wanted, int before,
                                           int after)
 {
-    return lineNear(
-        wanted, searchBounds(wanted, before, after),
-        [&](int row) { return rowUsable(connection, row); },
-        [&](int row) { reserveRow(connection, row); });
+    const Bounds bounds = searchBounds(wanted, before, after);
+    const auto reserve = [&](int row) { reserveRow(connection, row); };
+    if (isPlain(this))
+        return lineNear(wanted, bounds, *m_usedRows, reserve);
+    const auto usable = [&](int row) { return rowUsable(connection, row); };
+    return lineNear(wanted, bounds, usable, reserve);
 }
 
 bool ManhattanConnectionRouter::isColumnReservedBy(IConnection *connection, int column) const
@@ -326,7 +369,7 @@ void ManhattanConnectionRouter::reserveColumn(IConnection *connection, int colum
     QList<int> &columns = reservationOf(connection).columns;
     if (!columns.contains(column))
         columns.append(column);
-    m_usedColumns.insert(column);
+    m_usedColumns->insert(column);
 }
 
 void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)
@@ -336,7 +379,7 @@ void ManhattanConnectionRouter::reserveRow(IConnection *connection, int row)
     QList<int> &rows = reservationOf(connection).rows;
     if (!rows.contains(row))
         rows.append(row);
-    m_usedRows.insert(row);
+    m_usedRows->insert(row);
 }
 
 // A destroyed connection gives its lines back.
@@ -357,9 +400,9 @@ void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
     const Reservation reservation = m_reservations.take(connection);
     disconnect(reservation.watch);
     for (const int column : reservation.columns)
-        m_usedColumns.remove(column);
+        m_usedColumns->remove(column);
     for (const int row : reservation.rows)
-        m_usedRows.remove(row);
+        m_usedRows->remove(row);
 }
 
 } // namespace Velmora::Figura

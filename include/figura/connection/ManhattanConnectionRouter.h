@@ -5,11 +5,14 @@
 #include <figura/geometry/Ray.h>
 
 #include <QMap>
-#include <QSet>
+
+#include <memory>
 
 class QRect;
 
 namespace Velmora::Figura {
+
+class LineSet;
 
 /// Routes in horizontal and vertical segments that leave and enter the boxes by their nearest
 /// sides.
@@ -76,8 +79,8 @@ private:
     int getRowNear(IConnection *connection, int wanted, int before, int after);
     Reservation &reservationOf(IConnection *connection);
 
-    QSet<int> m_usedColumns;
-    QSet<int> m_usedRows;
+    const std::unique_ptr<LineSet> m_usedColumns;
+    const std::unique_ptr<LineSet> m_usedRows;
     QMap<IConnection *, Reservation> m_reservations;
 };
 
