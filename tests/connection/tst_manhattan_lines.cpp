@@ -16,6 +16,8 @@ using namespace Velmora::Figura;
 
 namespace {
 
+constexpr int lineCount = 150;
+
 // Asks for line after line, because the class is not known.
 class AskingRouter : public ManhattanConnectionRouter
 {
@@ -29,19 +31,19 @@ public:
         : m_router(router)
         , m_random(seed)
     {
-        const int size = number(60, 900);
+        const int size = number(20, 160);
         for (int i = 0; i < 12; ++i) {
             m_boxes.push_back(std::make_unique<Rectangle>(nullptr));
             m_boxes.back()->setBounds({number(-20, size), number(-20, size), number(1, 40), 20});
         }
-        for (int i = 0; i < 60; ++i)
+        for (int i = 0; i < lineCount; ++i)
             connectPair(number(0, 11), number(0, 11));
     }
 
     /// The points that come of one random step.
     QList<QPoint> step()
     {
-        PolylineConnection *line = m_lines[number(0, 59)].line.get();
+        PolylineConnection *line = m_lines[number(0, lineCount - 1)].line.get();
         const int kind = number(0, 9);
         if (kind == 0)
             m_router->remove(line);
