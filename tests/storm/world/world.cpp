@@ -156,13 +156,13 @@ void World::happens(Moment moment)
 // itself.
 void World::settle()
 {
-    if (UpdateWatch *manager = updateManager())
-        manager->forgetServed();
     stage.settle();
     const QScopedValueRollback<bool> quiet(m_quiet, true);
     stage.settle();
-    if (UpdateWatch *manager = updateManager())
+    if (UpdateWatch *manager = updateManager()) {
+        manager->grantTurns();
         manager->performUpdate();
+    }
     stage.settle();
 }
 
