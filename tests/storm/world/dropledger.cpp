@@ -28,6 +28,7 @@ void DropLedger::record(const QList<QPointer<Figure>> &late)
         Drop &drop = entryOf(figure);
         ++drop.passes;
         drop.isLost = !isValid(figure);
+        drop.hadTurn = drop.hadTurn && m_isTurn;
     }
 }
 
@@ -49,14 +50,23 @@ void DropLedger::noteServed()
         drop.isLost = drop.isLost && drop.figure && !isValid(drop.figure);
 }
 
-// Of those that are valid nothing is remembered, and those that were let go of have another chance.
+// Of those that are valid nothing is remembered, and those that were let go of have another chance;
+// not those whose turn is still to come, which is the only one that they have.
 void DropLedger::grantTurns()
 {
+    m_isTurn = false;
     m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
     for (Drop &drop : m_drops) {
-        if (drop.passes > 1)
+        if (drop.passes > 1 && drop.hadTurn)
             drop.passes = 0;
     }
+}
+
+void DropLedger::takeTurns()
+{
+    m_isTurn = true;
+    for (Drop &drop : m_drops)
+        drop.hadTurn = true;
 }
 
 // One that is queued by every pass, or by every other one as two that disturb each other, is let go

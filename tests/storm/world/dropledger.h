@@ -20,6 +20,7 @@ public:
 
     /// A pass follows that has other causes than a former one, so that everybody has a second turn.
     void grantTurns();
+    void takeTurns(); ///< A pass follows in which everybody has the second turn.
 
     /// Those that \a manager has dropped and that are still invalid, although nothing is pending.
     QList<Figure *> leftInvalid(const UpdateManager *manager) const;
@@ -30,11 +31,13 @@ private:
         QPointer<Figure> figure;
         int passes = 0;      ///< It was queued during so many since it was granted a turn,
         bool isLost = false; ///< and has been invalid since the end of the latest.
+        bool hadTurn = false;
     };
 
     Drop &entryOf(Figure *figure);
 
     QList<Drop> m_drops;
+    bool m_isTurn = false; // the present pass
 };
 
 } // namespace Velmora::Figura::Storm

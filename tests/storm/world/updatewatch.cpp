@@ -54,6 +54,8 @@ void UpdateWatch::performUpdate()
 
     if (m_world.stage.isPainting())
         grantTurns();
+    else
+        m_world.drops.takeTurns();
     for (const QPointer<Figure> &figure : std::exchange(m_queued, {})) {
         if (figure)
             promise(figure);
