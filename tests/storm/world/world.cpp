@@ -92,8 +92,10 @@ void World::watchUpdates()
     stage.viewer()->setUpdateManager(watch);
 }
 
+// The turns that a widget has promised go with it.
 void World::openViewer()
 {
+    drops = DropLedger();
     stage.open();
     watchUpdates();
     QObject::connect(stage.viewer(), &FreeformViewer::scaleChanged, m_context.get(),
