@@ -39,17 +39,9 @@ void UpdateWatch::addInvalidFigure(Figure *figure)
 
 void UpdateWatch::noteInvalidated(Figure *figure)
 {
-    noteServed();
+    m_world.drops.noteServed();
     if (m_validating)
         m_invalidated.insert(figure);
-}
-
-// What has become valid was not lost, even if it becomes invalid once more: by a change of its size
-// alone, say, for which nobody asks for an update.
-void UpdateWatch::noteServed()
-{
-    for (Drop &drop : m_drops)
-        drop.isLost = drop.isLost && drop.figure && !isValid(drop.figure);
 }
 
 void UpdateWatch::performUpdate()
@@ -60,6 +52,10 @@ void UpdateWatch::performUpdate()
         return;
     }
 
+    if (m_world.stage.isPainting())
+        grantTurns();
+    else
+        m_world.drops.takeTurns();
     for (const QPointer<Figure> &figure : std::exchange(m_queued, {})) {
         if (figure)
             promise(figure);
@@ -70,7 +66,7 @@ void UpdateWatch::performUpdate()
         return;
     m_validating = false;
     reportBroken();
-    recordDrops();
+    m_world.drops.record(std::exchange(m_late, {}));
 }
 
 // Validation goes down as far as figures are invalid.
@@ -107,39 +103,11 @@ void UpdateWatch::reportBroken()
     m_invalidated.clear();
 }
 
-void UpdateWatch::recordDrops()
+void UpdateWatch::grantTurns()
 {
-    noteServed();
-    QSet<Figure *> seen;
-    for (const QPointer<Figure> &figure : std::exchange(m_late, {})) {
-        if (!figure || !becomesValid(figure) || seen.contains(figure))
-            continue;
-        seen.insert(figure);
-        auto known = std::find_if(m_drops.begin(), m_drops.end(),
-                                  [&](const Drop &drop) { return drop.figure == figure; });
-        if (known == m_drops.end())
-            known = m_drops.insert(known, Drop{figure});
-        ++known->passes;
-        known->isLost = !isValid(figure);
-    }
-}
-
-void UpdateWatch::forgetServed()
-{
-    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
-}
-
-// One that is queued by every pass, or by every other one as two that disturb each other, is let go
-// of in the end.
-QList<Figure *> UpdateWatch::leftInvalid()
-{
-    QList<Figure *> left;
-    for (const Drop &drop : std::as_const(m_drops)) {
-        if (drop.figure && drop.passes == 1 && drop.isLost && !isValid(drop.figure) &&
-            drop.figure->getUpdateManager() == this)
-            left.append(drop.figure);
-    }
-    return left;
+    m_queued.removeIf([](const QPointer<Figure> &figure) { return figure.isNull(); });
+    if (!m_queued.isEmpty())
+        m_world.drops.grantTurns();
 }
 
 } // namespace Velmora::Figura::Storm

@@ -10,7 +10,7 @@ namespace Velmora::Figura::Storm {
 class World;
 
 /// An update manager that remembers what it was asked to validate, so that what a pass leaves
-/// invalid can be told apart: broken promise or documented drop.
+/// invalid can be told apart: broken promise or documented drop, which goes into the ledger.
 class UpdateWatch : public UpdateManager
 {
 public:
@@ -23,10 +23,8 @@ public:
 
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
-    void forgetServed(); ///< What was dropped and has become valid since.
-
-    /// Figures that a pass dropped and that are still invalid, although nothing is pending.
-    QList<Figure *> leftInvalid();
+    /// A pass follows, if there is anything to validate, that has other causes than a former one.
+    void grantTurns();
 
 private:
     /// A figure that the pass has to validate, and whose child it was when the pass began.
@@ -37,18 +35,9 @@ private:
         bool hasParent;
     };
 
-    struct Drop
-    {
-        QPointer<Figure> figure;
-        int passes = 0;      ///< It was queued during so many since it was forgotten last,
-        bool isLost = false; ///< and has been invalid since the end of the latest.
-    };
-
     void promise(Figure *figure);
     bool isBroken(const Promise &promise) const;
     void reportBroken();
-    void recordDrops();
-    void noteServed();
 
     World &m_world;
     bool m_validating = false;
@@ -56,8 +45,7 @@ private:
     QList<QPointer<Figure>> m_queued;
     QList<Promise> m_promises;
     QList<QPointer<Figure>> m_late; // queued while the pass was under way
-    QList<Drop> m_drops;
-    QSet<Figure *> m_invalidated; // while the pass was under way
+    QSet<Figure *> m_invalidated;   // while the pass was under way
 };
 
 } // namespace Velmora::Figura::Storm

@@ -95,8 +95,10 @@ void World::watchUpdates()
     stage.viewer()->setUpdateManager(watch);
 }
 
+// The turns that a widget has promised go with it.
 void World::openViewer()
 {
+    drops = DropLedger();
     stage.open();
     watchUpdates();
     QObject::connect(stage.viewer(), &FreeformViewer::scaleChanged, m_context.get(),
@@ -159,13 +161,13 @@ void World::happens(Moment moment)
 // itself.
 void World::settle()
 {
-    if (UpdateWatch *manager = updateManager())
-        manager->forgetServed();
     stage.settle();
     const QScopedValueRollback<bool> quiet(m_quiet, true);
     stage.settle();
-    if (UpdateWatch *manager = updateManager())
+    if (UpdateWatch *manager = updateManager()) {
+        manager->grantTurns();
         manager->performUpdate();
+    }
     stage.settle();
 }
 

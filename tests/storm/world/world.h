@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue.h"
+#include "dropledger.h"
 #include "herd.h"
 #include "messagewatch.h"
 #include "stage.h"
@@ -34,6 +35,7 @@ public:
     World &operator=(const World &) = delete;
 
     Stage stage;
+    DropLedger drops;
     Herd<Figure> figures; ///< Panes, layers and connections too.
     Herd<Layout> layouts;
     Herd<Border> borders;

@@ -8,10 +8,10 @@ namespace Velmora::Figura::Storm {
 // and a widget would show.
 void checkValidity(World &world)
 {
-    UpdateWatch *manager = world.updateManager();
+    const UpdateWatch *manager = world.updateManager();
     if (!manager || !world.stage.widget())
         return;
-    for (Figure *figure : manager->leftInvalid())
+    for (Figure *figure : world.drops.leftInvalid(manager))
         world.report("validity", describe(figure) + " was dropped and stays invalid");
 }
 

@@ -1,0 +1,85 @@
+#include "dropledger.h"
+
+#include <figura/decoration/Decoration.h>
+#include <figura/figure/Figure.h>
+#include <figura/view/UpdateManager.h>
+
+#include <QSet>
+
+namespace Velmora::Figura::Storm {
+namespace {
+
+bool isValid(const Figure *figure)
+{
+    return figure->getFlag(Figure::FLAG_VALID);
+}
+
+} // namespace
+
+void DropLedger::record(const QList<QPointer<Figure>> &late)
+{
+    noteServed();
+    QSet<Figure *> seen;
+    for (const QPointer<Figure> &figure : late) {
+        // A decoration follows its locator at each pass and never becomes valid, on purpose.
+        if (!figure || qobject_cast<Decoration *>(figure) || seen.contains(figure))
+            continue;
+        seen.insert(figure);
+        Drop &drop = entryOf(figure);
+        ++drop.passes;
+        drop.isLost = !isValid(figure);
+        drop.hadTurn = drop.hadTurn && m_isTurn;
+    }
+}
+
+DropLedger::Drop &DropLedger::entryOf(Figure *figure)
+{
+    for (Drop &drop : m_drops) {
+        if (drop.figure == figure)
+            return drop;
+    }
+    m_drops.append(Drop{figure});
+    return m_drops.last();
+}
+
+// What has become valid was not lost, even if it becomes invalid once more: by a change of its size
+// alone, say, for which nobody asks for an update.
+void DropLedger::noteServed()
+{
+    for (Drop &drop : m_drops)
+        drop.isLost = drop.isLost && drop.figure && !isValid(drop.figure);
+}
+
+// Of those that are valid nothing is remembered, and those that were let go of have another chance;
+// not those whose turn is still to come, which is the only one that they have.
+void DropLedger::grantTurns()
+{
+    m_isTurn = false;
+    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
+    for (Drop &drop : m_drops) {
+        if (drop.passes > 1 && drop.hadTurn)
+            drop.passes = 0;
+    }
+}
+
+void DropLedger::takeTurns()
+{
+    m_isTurn = true;
+    for (Drop &drop : m_drops)
+        drop.hadTurn = true;
+}
+
+// One that is queued by every pass, or by every other one as two that disturb each other, is let go
+// of in the end.
+QList<Figure *> DropLedger::leftInvalid(const UpdateManager *manager) const
+{
+    QList<Figure *> left;
+    for (const Drop &drop : m_drops) {
+        if (drop.figure && drop.passes == 1 && drop.isLost && !isValid(drop.figure) &&
+            drop.figure->getUpdateManager() == manager)
+            left.append(drop.figure);
+    }
+    return left;
+}
+
+} // namespace Velmora::Figura::Storm
