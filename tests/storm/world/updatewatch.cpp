@@ -5,6 +5,8 @@
 #include <figura/decoration/Decoration.h>
 #include <figura/figure/Figure.h>
 
+#include <algorithm>
+
 namespace Velmora::Figura::Storm {
 namespace {
 
@@ -103,10 +105,15 @@ void UpdateWatch::reportBroken()
     m_invalidated.clear();
 }
 
+bool UpdateWatch::isPending() const
+{
+    return std::any_of(m_queued.begin(), m_queued.end(),
+                       [](const QPointer<Figure> &figure) { return !figure.isNull(); });
+}
+
 void UpdateWatch::grantTurns()
 {
-    m_queued.removeIf([](const QPointer<Figure> &figure) { return figure.isNull(); });
-    if (!m_queued.isEmpty())
+    if (isPending())
         m_world.drops.grantTurns();
 }
 

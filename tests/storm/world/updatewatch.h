@@ -21,6 +21,8 @@ public:
 
     int passes() const { return m_passes; } ///< Those that had something to validate.
 
+    bool isPending() const; ///< There is something to validate.
+
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
     /// A pass follows, if there is anything to validate, that has other causes than a former one.

@@ -90,15 +90,15 @@ void World::destroyAll()
 // The viewer deletes only managers that are replaced: the last one goes with it as its child.
 void World::watchUpdates()
 {
+    if (!updateManager()) // what it was to validate went with it, or with its widget
+        drops = DropLedger();
     auto *watch = new UpdateWatch(*this);
     watch->setParent(stage.viewer());
     stage.viewer()->setUpdateManager(watch);
 }
 
-// The turns that a widget has promised go with it.
 void World::openViewer()
 {
-    drops = DropLedger();
     stage.open();
     watchUpdates();
     QObject::connect(stage.viewer(), &FreeformViewer::scaleChanged, m_context.get(),

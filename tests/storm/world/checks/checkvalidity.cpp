@@ -9,7 +9,7 @@ namespace Velmora::Figura::Storm {
 void checkValidity(World &world)
 {
     const UpdateWatch *manager = world.updateManager();
-    if (!manager || !world.stage.widget())
+    if (!manager || !world.stage.widget() || manager->isPending()) // something is never at rest
         return;
     for (Figure *figure : world.drops.leftInvalid(manager))
         world.report("validity", describe(figure) + " was dropped and stays invalid");
