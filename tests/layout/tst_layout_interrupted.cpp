@@ -1,0 +1,471 @@
+#include "layout_fixtures.h"
+
+#include <countingfigure.h>
+#include <mortalfigure.h>
+#include <mortallayout.h>
+
+#include <figura/figure/ITreeSearch.h>
+#include <figura/layout/FreeformLayout.h>
+#include <figura/layout/FreeformStackLayout.h>
+#include <figura/layout/HBoxLayout.h>
+#include <figura/layout/VBoxLayout.h>
+#include <figura/layout/XYLayout.h>
+#include <figura/shape/Polygon.h>
+#include <figura/shape/Rectangle.h>
+#include <figura/view/FreeformLayer.h>
+
+#include <QPointer>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+using namespace Velmora::Figura;
+using namespace Velmora::Figura::Test;
+
+namespace {
+
+class MortalLayer : public Mortal<FreeformLayer>
+{
+public:
+    using Mortal::Mortal;
+
+    QRect getFreeformExtent() override
+    {
+        return with("getFreeformExtent", [&] { return FreeformLayer::getFreeformExtent(); });
+    }
+};
+
+/// A displayed container with two children, all of which announce what is asked of them.
+class Stage
+{
+public:
+    explicit Stage(Layout *taken)
+        : layout(taken)
+    {
+        container->setLayoutManager(layout);
+        container->setBounds(QRect(0, 0, 100, 100));
+        container->addNotify();
+        for (const QPointer<Figure> &child : {first, second}) {
+            child->setPreferredSize(QSize(10, 10));
+            container->add(child, QRect(5, 5, 10, 10));
+        }
+        container->validate();
+    }
+    ~Stage()
+    {
+        delete first;
+        delete second;
+        delete layout;
+        delete container;
+    }
+    Q_DISABLE_COPY_MOVE(Stage)
+
+    void destroy(const QString &victim)
+    {
+        if (victim == QStringLiteral("layout"))
+            delete layout;
+        else if (victim == QStringLiteral("container"))
+            delete container;
+        else if (victim == QStringLiteral("first"))
+            delete first;
+        else
+            delete second;
+    }
+
+    Fate fate;
+    QPointer<Layout> layout;
+    QPointer<Figure> container = new MortalFigure<Figure>(&fate, "container");
+    QPointer<Figure> first = new MortalFigure<Figure>(&fate, "first");
+    QPointer<Figure> second = new MortalFigure<Figure>(&fate, "second");
+};
+
+using Operation = std::function<void(Stage *)>;
+using Maker = std::function<Layout *()>;
+
+void addRows(const char *name, const Maker &maker, const char *moment, const QStringList &victims,
+             const Operation &operation)
+{
+    for (const QString &victim : victims)
+        QTest::addRow("%s, %s: %s", name, moment, qPrintable(victim))
+            << maker << QString::fromLatin1(moment) << victim << operation;
+}
+
+/// A search that does something when it has come to a certain figure.
+class ActingSearch : public ITreeSearch
+{
+public:
+    const Figure *trigger = nullptr;
+    std::function<void()> act;
+    mutable QList<const Figure *> asked;
+
+    bool accept(const Figure *) const override { return true; }
+    bool prune(const Figure *figure) const override
+    {
+        asked.append(figure);
+        if (figure == trigger && act)
+            act();
+        return false;
+    }
+};
+
+/// So many rectangles side by side, ten in a row, that they are not asked one by one.
+class Crowd
+{
+public:
+    explicit Crowd(int count = 60)
+    {
+        parent.setLayoutManager(new XYLayout(&parent));
+        parent.setBounds(QRect(0, 0, 1000, 1000));
+        for (int i = 0; i < count; ++i)
+            add(std::make_unique<Rectangle>(), QRect(i % 10 * 20, i / 10 * 20, 20, 20));
+        parent.validate();
+    }
+
+    Figure *add(std::unique_ptr<Figure> figure, const QRect &rect)
+    {
+        Figure *added = figure.get();
+        parent.add(added, rect);
+        figures.push_back(std::move(figure));
+        return added;
+    }
+
+    Figure *at(int index) const { return figures[std::size_t(index)].get(); }
+    QList<Figure *> in(const QRect &rect)
+    {
+        QList<Figure *> found = parent.findFigures(rect, false);
+        found.removeAll(&parent);
+        return found;
+    }
+
+    Figure parent;
+    std::vector<std::unique_ptr<Figure>> figures;
+};
+
+} // namespace
+
+class tst_LayoutInterrupted : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+
+    void partsMayGoInAnOperation_data();
+    void partsMayGoInAnOperation();
+    void stackMayGoWhileItMeasuresItsLayers_data();
+    void stackMayGoWhileItMeasuresItsLayers();
+    void containerMayGoWhileItsListenersAreAsked();
+    void orphanThatWasNeverDisplayedIsAttachedWithItsTree();
+    void childrenMayLeaveDuringASearch_data();
+    void childrenMayLeaveDuringASearch();
+    void childrenMayComeDuringASearch();
+    void gapsAmongTheChildrenAreNoChildren();
+    void childrenOfAnySizeAreFound_data();
+    void childrenOfAnySizeAreFound();
+    void childrenThatBecomeStaleDuringAPassAreInTime_data();
+    void childrenThatBecomeStaleDuringAPassAreInTime();
+};
+
+void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
+{
+    QTest::addColumn<Maker>("maker");
+    QTest::addColumn<QString>("moment");
+    QTest::addColumn<QString>("victim");
+    QTest::addColumn<Operation>("operation");
+    const Maker freeform = [] { return new FreeformLayout; };
+    const Maker row = [] { return new HBoxLayout; };
+    const Maker column = [] { return new VBoxLayout; };
+    const Maker xy = [] { return new XYLayout; };
+    const QStringList parts{QStringLiteral("layout"), QStringLiteral("container"),
+                            QStringLiteral("first"), QStringLiteral("second")};
+    const Operation measure = [](Stage *stage) {
+        auto *layout = qobject_cast<FreeformLayout *>(stage->layout.data());
+        layout->examineExtent();
+        if (stage->layout)
+            layout->getFreeformExtent();
+    };
+    const Operation constrain = [](Stage *stage) {
+        stage->layout->setConstraint(stage->first, QSize(20, 20));
+    };
+    const Operation layOut = [](Stage *stage) {
+        stage->first->revalidate();
+        stage->container->validate();
+    };
+    const Operation remove = [](Stage *stage) { stage->layout->remove(stage->first); };
+    addRows("freeform", freeform, "first::resolveBounds", parts, measure);
+    addRows("freeform", freeform, "second::resolveBounds", parts, measure);
+    for (const Maker &box : {row, column}) {
+        addRows(box()->metaObject()->className(), box, "first::getMinimumSize", parts, constrain);
+        addRows(box()->metaObject()->className(), box, "first::setBounds", parts, constrain);
+        addRows(box()->metaObject()->className(), box, "first::getPreferredSize", parts, layOut);
+    }
+    addRows("XY", xy, "container::resolveBounds", parts, layOut);
+    addRows("XY", xy, "first::removeNotify", parts, remove);
+    addRows("XY", xy, "first::erase", parts, remove);
+    addRows("XY", xy, "first::setParentFigure", parts, remove);
+}
+
+void tst_LayoutInterrupted::partsMayGoInAnOperation()
+{
+    QFETCH(Maker, maker);
+    QFETCH(QString, moment);
+    QFETCH(QString, victim);
+    QFETCH(Operation, operation);
+    Stage stage(maker());
+    stage.fate.at(moment, 1, [&] { stage.destroy(victim); });
+
+    operation(&stage);
+
+    QVERIFY(stage.fate.hasStruck());
+    const QList<QPointer<Figure>> left{stage.first, stage.second};
+    for (const QPointer<Figure> &child : left) {
+        const bool isListed = stage.layout && child && stage.layout->childFigures().contains(child);
+        if (isListed && stage.container)
+            QCOMPARE(child->getParentFigure(), stage.container.data());
+        if (child && !stage.container)
+            QVERIFY(!child->getParentFigure());
+    }
+    if (stage.layout)
+        QVERIFY(stage.layout->childFigures().size() <= 2);
+}
+
+void tst_LayoutInterrupted::stackMayGoWhileItMeasuresItsLayers_data()
+{
+    QTest::addColumn<bool>("examined");
+    QTest::addColumn<bool>("whole");
+    QTest::newRow("asked, the layout") << false << false;
+    QTest::newRow("asked, the container") << false << true;
+    QTest::newRow("examined, the layout") << true << false;
+    QTest::newRow("examined, the container") << true << true;
+}
+
+void tst_LayoutInterrupted::stackMayGoWhileItMeasuresItsLayers()
+{
+    QFETCH(bool, examined);
+    QFETCH(bool, whole);
+    Fate fate;
+    QPointer<Figure> container = new Figure;
+    QPointer<FreeformStackLayout> layout = new FreeformStackLayout(container);
+    container->setLayoutManager(layout);
+    MortalLayer first(&fate, "first");
+    MortalLayer second(&fate, "second");
+    container->add(&first);
+    container->add(&second);
+    fate.at(QStringLiteral("first::getFreeformExtent"), 1, [&] {
+        if (whole)
+            delete container;
+        else
+            delete layout;
+    });
+
+    if (examined)
+        layout->examineExtent();
+    else
+        layout->getFreeformExtent();
+
+    QVERIFY(fate.hasStruck());
+    QVERIFY(!layout);
+    delete container;
+}
+
+void tst_LayoutInterrupted::containerMayGoWhileItsListenersAreAsked()
+{
+    QPointer<Figure> container = new Figure;
+    ProbeLayout layout;
+    container->setLayoutManager(&layout);
+    container->setBounds(QRect(0, 0, 10, 10));
+    ListenerProbe first;
+    ListenerProbe second;
+    layout.addListener(&first);
+    layout.addListener(&second);
+    first.onCall = [&](const QString &) { delete container; };
+    second.onCall = [&](const QString &) { delete container; };
+
+    QVERIFY(!layout.layout(container));
+
+    QVERIFY(!container);
+    QCOMPARE(first.calls.size() + second.calls.size(), 1);
+    QVERIFY(layout.clientAreas.isEmpty());
+}
+
+void tst_LayoutInterrupted::orphanThatWasNeverDisplayedIsAttachedWithItsTree()
+{
+    Scene<XYLayout> hidden;
+    auto *former = new Figure;
+    former->setLayoutManager(new XYLayout(former));
+    CountingFigure child;
+    former->add(&child);
+    delete former;
+    Scene<XYLayout> shown;
+    shown.figure.addNotify();
+
+    hidden.layout.add(&child);
+    QCOMPARE(child.calls().addNotify, 0);
+    hidden.layout.remove(&child);
+    shown.layout.add(&child);
+
+    QCOMPARE(child.calls().addNotify, 1);
+    QVERIFY(child.getFlag(Figure::FLAG_NOTIFIED));
+}
+
+void tst_LayoutInterrupted::childrenMayLeaveDuringASearch_data()
+{
+    QTest::addColumn<int>("leaving");
+    QTest::newRow("one above") << 55;
+    QTest::newRow("one that is there, below") << 3;
+    QTest::newRow("the next one below") << 4;
+    QTest::newRow("the first") << 0;
+}
+
+// From the top down; whoever leaves in between is not asked any more.
+void tst_LayoutInterrupted::childrenMayLeaveDuringASearch()
+{
+    QFETCH(int, leaving);
+    Crowd crowd;
+    auto *lower = crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
+    crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
+    auto *top = crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
+    crowd.parent.validate();
+    crowd.parent.remove(crowd.at(30));
+    ActingSearch search;
+    search.trigger = top;
+    search.act = [&] {
+        crowd.parent.remove(crowd.at(leaving));
+        crowd.parent.remove(top);
+    };
+    QVERIFY(crowd.in(QRect(85, 5, 1, 1)).contains(lower));
+    QList<Figure *> found;
+
+    crowd.parent.findFigures(found, QRect(85, 5, 1, 1), search, false);
+
+    QVERIFY(!search.asked.contains(crowd.at(leaving)) || leaving == 4);
+    QVERIFY(found.contains(lower));
+    QVERIFY(!found.contains(crowd.at(30)));
+    QCOMPARE(crowd.parent.childFigureCount(), 60);
+}
+
+void tst_LayoutInterrupted::childrenMayComeDuringASearch()
+{
+    Crowd crowd;
+    auto *top = crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
+    crowd.parent.validate();
+    Rectangle late;
+    ActingSearch search;
+    search.trigger = top;
+    search.act = [&] { crowd.parent.add(&late, QRect(80, 0, 20, 20)); };
+    QList<Figure *> found;
+
+    crowd.parent.findFigures(found, QRect(85, 5, 1, 1), search, false);
+
+    QVERIFY(found.contains(top));
+    QVERIFY(found.contains(crowd.at(4)));
+    QCOMPARE(found.count(top), 1);
+}
+
+void tst_LayoutInterrupted::gapsAmongTheChildrenAreNoChildren()
+{
+    Crowd crowd;
+    QVERIFY(crowd.in(QRect(0, 0, 200, 200)).size() >= 60);
+    for (int i = 10; i < 20; ++i)
+        crowd.parent.remove(crowd.at(i));
+
+    // So often that the search looks whether it has missed somebody.
+    QList<Figure *> found;
+    for (int i = 0; i < 1200; ++i)
+        found = crowd.in(QRect(0, 0, 200, 200));
+
+    QCOMPARE(found.size(), 50);
+    for (int i = 0; i < 60; ++i)
+        QCOMPARE(found.contains(crowd.at(i)), i < 10 || i >= 20);
+}
+
+void tst_LayoutInterrupted::childrenOfAnySizeAreFound_data()
+{
+    QTest::addColumn<QRect>("rect");
+    QTest::addColumn<QRect>("searched");
+    QTest::addColumn<bool>("isThere");
+    const QRect point(1, 1, 1, 1);
+    QTest::newRow("as large as numbers go")
+        << QRect(-1000000000, -1000000000, 2000000000, 2000000000) << point << true;
+    QTest::newRow("one unit") << QRect(1, 1, 1, 1) << point << true;
+    QTest::newRow("a search as large as numbers go")
+        << QRect(1, 1, 1, 1) << QRect(-1000000000, -1000000000, 2000000000, 2000000000) << true;
+    QTest::newRow("a search of nothing") << QRect(1, 1, 1, 1) << QRect() << false;
+    QTest::newRow("elsewhere") << QRect(500, 500, 1, 1) << point << false;
+}
+
+void tst_LayoutInterrupted::childrenOfAnySizeAreFound()
+{
+    QFETCH(QRect, rect);
+    QFETCH(QRect, searched);
+    QFETCH(bool, isThere);
+    Crowd crowd;
+    crowd.parent.setBounds(QRect(-1000000000, -1000000000, 2000000000, 2000000000));
+    crowd.parent.setLayoutManager(nullptr);
+    Figure parent;
+    parent.setLayoutManager(new FreeformLayout(&parent));
+    parent.setBounds(QRect(-1000000000, -1000000000, 2000000000, 2000000000));
+    for (const auto &figure : crowd.figures) {
+        figure->setParentFigure(nullptr);
+        parent.add(figure.get(), figure->getBounds());
+    }
+    Rectangle special;
+    parent.add(&special, rect);
+
+    QCOMPARE(parent.findFigures(searched, false).contains(&special), isThere);
+}
+
+void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime_data()
+{
+    QTest::addColumn<int>("last");
+    QTest::addColumn<int>("leaving");
+    QTest::newRow("one ahead") << 100 << -1;
+    QTest::newRow("many ahead") << 199 << -1;
+    QTest::newRow("one ahead, and who called leaves") << 100 << 5;
+    QTest::newRow("nobody ahead, and who called leaves") << 99 << 5;
+    QTest::newRow("many ahead, and who called leaves") << 199 << 5;
+    QTest::newRow("many ahead, and one before leaves") << 199 << 2;
+    QTest::newRow("many ahead, and one of them leaves") << 199 << 150;
+}
+
+// A pass goes through the children in their order, and meets those that have become stale meanwhile
+// and lie ahead, also when the list changes.
+void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime()
+{
+    QFETCH(int, last);
+    QFETCH(int, leaving);
+    Crowd crowd(200);
+    ProbeLayout inner;
+    Rectangle passing;
+    crowd.at(5)->setLayoutManager(&inner);
+    crowd.parent.validate();
+    bool hasActed = false;
+    inner.whilePerforming = [&] {
+        if (std::exchange(hasActed, true))
+            return;
+        if (leaving >= 0) {
+            crowd.parent.remove(crowd.at(leaving));
+            crowd.parent.add(&passing, QRect(0, 0, 5, 5), 0); // all are numbered anew
+        }
+        for (int i = 100; i <= last; ++i)
+            crowd.at(i)->invalidate();
+    };
+    crowd.at(5)->revalidate();
+    inner.invalidate();
+
+    crowd.parent.validate();
+
+    QVERIFY(hasActed);
+    for (int i = 100; i < 200; ++i)
+        QVERIFY2(crowd.at(i)->getFlag(Figure::FLAG_VALID) || i == leaving,
+                 qPrintable(QString::number(i)));
+}
+
+Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(Maker)
+
+QTEST_MAIN(tst_LayoutInterrupted)
+#include "tst_layout_interrupted.moc"
