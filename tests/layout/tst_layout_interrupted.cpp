@@ -99,9 +99,10 @@ class ActingSearch : public ITreeSearch
 public:
     const Figure *trigger = nullptr;
     std::function<void()> act;
+    bool acceptsAll = true;
     mutable QList<const Figure *> asked;
 
-    bool accept(const Figure *) const override { return true; }
+    bool accept(const Figure *) const override { return acceptsAll; }
     bool prune(const Figure *figure) const override
     {
         asked.append(figure);
@@ -163,6 +164,8 @@ private Q_SLOTS:
     void childrenMayLeaveDuringASearch();
     void childrenMayComeDuringASearch();
     void gapsAmongTheChildrenAreNoChildren();
+    void gapsAreNoChildrenAfterManyMoves();
+    void childrenThatAnswerForThemselvesAreFound();
     void childrenOfAnySizeAreFound_data();
     void childrenOfAnySizeAreFound();
     void childrenThatBecomeStaleDuringAPassAreInTime_data();
@@ -184,9 +187,12 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
     const Operation measure = [](Stage *stage) {
         auto *layout = qobject_cast<FreeformLayout *>(stage->layout.data());
         layout->examineExtent();
-        if (stage->layout)
-            layout->getFreeformExtent();
     };
+    const Operation ask = [](Stage *stage) {
+        qobject_cast<FreeformLayout *>(stage->layout.data())->getFreeformExtent();
+    };
+    // So that no extent is kept that could be the answer.
+    const Maker unwatched = [] { return new FreeformLayout(nullptr, false); };
     const Operation constrain = [](Stage *stage) {
         stage->layout->setConstraint(stage->first, QSize(20, 20));
     };
@@ -197,6 +203,7 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
     const Operation remove = [](Stage *stage) { stage->layout->remove(stage->first); };
     addRows("freeform", freeform, "first::resolveBounds", parts, measure);
     addRows("freeform", freeform, "second::resolveBounds", parts, measure);
+    addRows("unwatched freeform", unwatched, "first::resolveBounds", parts, ask);
     for (const Maker &box : {row, column}) {
         addRows(box()->metaObject()->className(), box, "first::getMinimumSize", parts, constrain);
         addRows(box()->metaObject()->className(), box, "first::setBounds", parts, constrain);
@@ -313,38 +320,44 @@ void tst_LayoutInterrupted::orphanThatWasNeverDisplayedIsAttachedWithItsTree()
 
 void tst_LayoutInterrupted::childrenMayLeaveDuringASearch_data()
 {
+    QTest::addColumn<bool>("upwards");
     QTest::addColumn<int>("leaving");
-    QTest::newRow("one above") << 55;
-    QTest::newRow("one that is there, below") << 3;
-    QTest::newRow("the next one below") << 4;
-    QTest::newRow("the first") << 0;
+    for (const bool upwards : {false, true}) {
+        const char *way = upwards ? "in a rectangle" : "at a point";
+        QTest::addRow("%s, the first of all", way) << upwards << 0;
+        QTest::addRow("%s, one in between", way) << upwards << 45;
+        QTest::addRow("%s, one that lies there", way) << upwards << 61;
+    }
 }
 
-// From the top down; whoever leaves in between is not asked any more.
+// A search in a rectangle begins with the lowest child, one at a point with the topmost. Whoever
+// leaves in between is not asked any more.
 void tst_LayoutInterrupted::childrenMayLeaveDuringASearch()
 {
+    QFETCH(bool, upwards);
     QFETCH(int, leaving);
     Crowd crowd;
-    auto *lower = crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
-    crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
-    auto *top = crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
+    for (int i = 0; i < 3; ++i)
+        crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
     crowd.parent.validate();
-    crowd.parent.remove(crowd.at(30));
+    rebuildPaths(&crowd.parent);
+    crowd.parent.findFigureAt(85, 5);
+    crowd.parent.remove(crowd.at(30)); // leaves a gap
     ActingSearch search;
-    search.trigger = top;
-    search.act = [&] {
-        crowd.parent.remove(crowd.at(leaving));
-        crowd.parent.remove(top);
-    };
-    QVERIFY(crowd.in(QRect(85, 5, 1, 1)).contains(lower));
+    search.acceptsAll = upwards;
+    search.trigger = upwards ? crowd.at(4) : crowd.at(62);
+    search.act = [&] { crowd.parent.remove(crowd.at(leaving)); };
     QList<Figure *> found;
 
-    crowd.parent.findFigures(found, QRect(85, 5, 1, 1), search, false);
+    if (upwards)
+        crowd.parent.findFigures(found, QRect(85, 5, 1, 1), search, false);
+    else
+        QVERIFY(!crowd.parent.findFigureAt(85, 5, search));
 
-    QVERIFY(!search.asked.contains(crowd.at(leaving)) || leaving == 4);
-    QVERIFY(found.contains(lower));
-    QVERIFY(!found.contains(crowd.at(30)));
-    QCOMPARE(crowd.parent.childFigureCount(), 60);
+    QVERIFY(search.asked.contains(crowd.at(upwards ? 62 : 4)));
+    QCOMPARE(search.asked.contains(crowd.at(61)), leaving != 61);
+    QVERIFY(!search.asked.contains(crowd.at(30)));
+    QVERIFY(!search.asked.contains(crowd.at(leaving)));
 }
 
 void tst_LayoutInterrupted::childrenMayComeDuringASearch()
@@ -380,6 +393,48 @@ void tst_LayoutInterrupted::gapsAmongTheChildrenAreNoChildren()
     QCOMPARE(found.size(), 50);
     for (int i = 0; i < 60; ++i)
         QCOMPARE(found.contains(crowd.at(i)), i < 10 || i >= 20);
+}
+
+void tst_LayoutInterrupted::gapsAreNoChildrenAfterManyMoves()
+{
+    Crowd crowd;
+    Rectangle first;
+    crowd.in(QRect(0, 0, 200, 200));
+    crowd.parent.add(&first, QRect(0, 0, 20, 20), 0); // all are numbered anew
+    crowd.parent.remove(crowd.at(30));
+    for (const auto &figure : crowd.figures)
+        figure->setBounds(figure->getBounds().translated(300, 0));
+
+    QCOMPARE(crowd.in(QRect(0, 0, 250, 500)), QList<Figure *>{&first});
+    QCOMPARE(crowd.in(QRect(301, 0, 500, 500)).size(), 59);
+}
+
+// What their bounds say does not tell where they are.
+void tst_LayoutInterrupted::childrenThatAnswerForThemselvesAreFound()
+{
+    class Wide : public Figure
+    {
+    public:
+        bool isIntersecting(const QRect &) const override { return true; }
+    };
+    Crowd crowd;
+    Figure *wide = crowd.add(std::make_unique<Wide>(), QRect(900, 900, 5, 5));
+    auto polygon = std::make_unique<Polygon>();
+    polygon->setLinePoints({QPoint(800, 800), QPoint(810, 800), QPoint(800, 810)});
+    polygon->setLayoutManager(new XYLayout(polygon.get()));
+    auto *inPolygon = new Figure(polygon.get(), Qt::red);
+    polygon->add(inPolygon, QRect(500, 500, 10, 10));
+    crowd.add(std::move(polygon), QRect(800, 800, 10, 10));
+    crowd.at(3)->setBounds(QRect(0, 0, -5, -5));
+    crowd.at(4)->setParentFigure(nullptr);
+
+    const QList<Figure *> found = crowd.in(QRect(1, 1, 5, 5));
+
+    QVERIFY(found.contains(wide));
+    QVERIFY(found.contains(crowd.at(0)));
+    QVERIFY(!found.contains(crowd.at(3)));
+    QVERIFY(!found.contains(inPolygon));
+    crowd.at(4)->setParentFigure(&crowd.parent);
 }
 
 void tst_LayoutInterrupted::childrenOfAnySizeAreFound_data()
@@ -420,23 +475,28 @@ void tst_LayoutInterrupted::childrenOfAnySizeAreFound()
 
 void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime_data()
 {
+    QTest::addColumn<int>("first");
     QTest::addColumn<int>("last");
     QTest::addColumn<int>("leaving");
-    QTest::newRow("one ahead") << 100 << -1;
-    QTest::newRow("many ahead") << 199 << -1;
-    QTest::newRow("one ahead, and who called leaves") << 100 << 5;
-    QTest::newRow("nobody ahead, and who called leaves") << 99 << 5;
-    QTest::newRow("many ahead, and who called leaves") << 199 << 5;
-    QTest::newRow("many ahead, and one before leaves") << 199 << 2;
-    QTest::newRow("many ahead, and one of them leaves") << 199 << 150;
+    QTest::addColumn<bool>("renumbered");
+    QTest::newRow("one ahead") << 100 << 100 << -1 << false;
+    QTest::newRow("many ahead") << 100 << 199 << -1 << false;
+    QTest::newRow("one ahead, who called leaves") << 170 << 170 << 5 << true;
+    QTest::newRow("many ahead, who called leaves") << 165 << 199 << 5 << true;
+    QTest::newRow("many ahead, one before leaves") << 100 << 199 << 2 << true;
+    QTest::newRow("many ahead, one of them leaves") << 100 << 199 << 150 << true;
+    QTest::newRow("many ahead, one of them leaves a gap") << 100 << 199 << 150 << false;
+    QTest::newRow("one ahead, who called leaves a gap") << 100 << 100 << 5 << false;
 }
 
 // A pass goes through the children in their order, and meets those that have become stale meanwhile
 // and lie ahead, also when the list changes.
 void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime()
 {
+    QFETCH(int, first);
     QFETCH(int, last);
     QFETCH(int, leaving);
+    QFETCH(bool, renumbered);
     Crowd crowd(200);
     ProbeLayout inner;
     Rectangle passing;
@@ -446,14 +506,15 @@ void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime()
     inner.whilePerforming = [&] {
         if (std::exchange(hasActed, true))
             return;
-        if (leaving >= 0) {
+        if (leaving >= 0)
             crowd.parent.remove(crowd.at(leaving));
-            crowd.parent.add(&passing, QRect(0, 0, 5, 5), 0); // all are numbered anew
-        }
-        for (int i = 100; i <= last; ++i)
+        if (leaving >= 0 && renumbered)
+            crowd.parent.add(&passing, QRect(0, 0, 5, 5), 0);
+        for (int i = first; i <= last; ++i)
             crowd.at(i)->invalidate();
     };
     crowd.at(5)->revalidate();
+    crowd.at(160)->invalidate(); // waits already
     inner.invalidate();
 
     crowd.parent.validate();

@@ -130,6 +130,8 @@ private Q_SLOTS:
     void specialPaintersSeeThePath();
     void specialPensAndBrushesSeeThePath_data();
     void specialPensAndBrushesSeeThePath();
+    void specialBoundsSeeThePath_data();
+    void specialBoundsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
 };
@@ -252,6 +254,40 @@ void tst_Shape_Shortcuts::specialPensAndBrushesSeeThePath()
     dress(drawn, look);
 
     QCOMPARE(picture(direct, {}, {}, false), picture(drawn, {}, {}, false));
+}
+
+void tst_Shape_Shortcuts::specialBoundsSeeThePath_data()
+{
+    QTest::addColumn<QRect>("bounds");
+    QTest::newRow("a column") << QRect(10, 10, 1, 40);
+    QTest::newRow("two columns") << QRect(10, 10, 2, 40);
+    QTest::newRow("a row") << QRect(10, 10, 40, 1);
+    QTest::newRow("two rows") << QRect(10, 10, 40, 2);
+    QTest::newRow("a point") << QRect(10, 10, 1, 1);
+    QTest::newRow("far away") << QRect(1 << 25, 10, 50, 40);
+    QTest::newRow("far down") << QRect(10, 1 << 25, 50, 40);
+}
+
+void tst_Shape_Shortcuts::specialBoundsSeeThePath()
+{
+    QFETCH(QRect, bounds);
+    const Look look{bounds, Qt::red, Qt::blue, true, 1, Qt::SolidLine};
+    const auto paint = [&](Shape *shape) {
+        dress(*shape, look);
+        QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.rect = bounds.adjusted(-100, -100, 100, 100);
+        if (bounds.x() > 100 || bounds.y() > 100)
+            painter.translate(QPoint(10, 10) - bounds.topLeft());
+        shape->render(&painter, option);
+        return image;
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    QCOMPARE(paint(&direct), paint(&drawn));
 }
 
 // A recording is played back on devices whose pixels nobody knows yet.

@@ -9,11 +9,13 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QResizeEvent>
+#include <QScreen>
 #include <QStyleOptionViewItem>
 #include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Velmora::Figura;
@@ -51,6 +53,20 @@ public:
     FreeformWidget widget{nullptr};
 };
 
+/// Does something once while it is validated.
+class BusyFigure : public Figure
+{
+public:
+    std::function<void()> act;
+
+    void validate() override
+    {
+        if (const auto deed = std::exchange(act, nullptr))
+            deed();
+        Figure::validate();
+    }
+};
+
 } // namespace
 
 class tst_ViewAlone : public QObject
@@ -76,6 +92,9 @@ private Q_SLOTS:
     void layerWithAnotherLayoutMonitorsNothing();
     void gridNeedsAPainter();
     void pictureInsideAPaintIsWhole();
+    void canvasThatWasTakenOutIsAWindow();
+    void secondTurnNeedsAManager();
+    void figureMayBeQueuedWhileItIsValidated();
 };
 
 void tst_ViewAlone::canvasWithoutAViewerIsZoomed()
@@ -197,6 +216,7 @@ void tst_ViewAlone::missingEventsAreIgnored()
     const QPoint before = viewer.getLastClickLocation();
 
     viewer.mousePressEvent(nullptr);
+    viewer.resizeEvent(nullptr);
 
     QCOMPARE(viewer.getLastClickLocation(), before);
 }
@@ -271,22 +291,10 @@ void tst_ViewAlone::manyInvalidFiguresAreAllValidated()
 
 void tst_ViewAlone::passInsideAPassValidatesAtOnce()
 {
-    class Impatient : public Figure
-    {
-    public:
-        std::function<void()> act;
-
-        void validate() override
-        {
-            if (const auto deed = std::exchange(act, nullptr))
-                deed();
-            Figure::validate();
-        }
-    };
     Scene scene;
     FreeformLayer upper;
     scene.pane.addLayer(&upper, QStringLiteral("upper"));
-    Impatient figure;
+    BusyFigure figure;
     Figure waiting;
     scene.layer.add(&figure, QRect(0, 0, 10, 10));
     upper.add(&waiting, QRect(20, 0, 10, 10));
@@ -376,6 +384,70 @@ void tst_ViewAlone::pictureInsideAPaintIsWhole()
     settle(&scene.viewer);
 
     QCOMPARE(countPixels(photographer.photograph, Qt::blue), 400);
+}
+
+void tst_ViewAlone::canvasThatWasTakenOutIsAWindow()
+{
+    Scene scene;
+    Figure figure(nullptr, Qt::red);
+    scene.layer.add(&figure, QRect(0, 0, 50, 50));
+    QVERIFY(scene.show());
+    const QPoint inside = scene.widget()->fromLogical(QPointF(10, 10)).toPoint();
+    const std::unique_ptr<QWidget> canvas(scene.viewer.takeWidget());
+    canvas->show();
+    QVERIFY(QTest::qWaitForWindowExposed(canvas.get()));
+    settle(canvas.get());
+
+    figure.setBackgroundColor(Qt::green);
+    figure.repaint();
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+        QEvent update(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(canvas.get(), &update);
+    }
+
+    const QImage shown = canvas->screen()->grabWindow(canvas->winId()).toImage();
+    QCOMPARE(colorAt(shown, inside), QColor(Qt::green));
+}
+
+// What becomes stale during a pass waits for another one, which nobody may be there to make.
+void tst_ViewAlone::secondTurnNeedsAManager()
+{
+    Scene scene;
+    Figure figure;
+    BusyFigure busy;
+    scene.layer.add(&figure, QRect(0, 0, 10, 10));
+    scene.layer.add(&busy, QRect(20, 0, 10, 10));
+    scene.viewer.getUpdateManager()->performUpdate();
+    busy.act = [&] { figure.revalidate(); };
+    busy.revalidate();
+    scene.viewer.getUpdateManager()->performUpdate();
+    QVERIFY(!figure.getFlag(Figure::FLAG_VALID));
+
+    scene.widget()->setUpdateManager(nullptr);
+    QCoreApplication::processEvents();
+
+    QVERIFY(!figure.getFlag(Figure::FLAG_VALID));
+}
+
+void tst_ViewAlone::figureMayBeQueuedWhileItIsValidated()
+{
+    Scene scene;
+    BusyFigure busy;
+    scene.layer.add(&busy, QRect(20, 0, 10, 10));
+    UpdateManager *manager = scene.viewer.getUpdateManager();
+    manager->performUpdate();
+    busy.act = [&] {
+        manager->addInvalidFigure(&busy);
+        manager->addInvalidFigure(&scene.layer);
+    };
+    busy.revalidate();
+
+    manager->performUpdate();
+    QCoreApplication::processEvents();
+
+    QVERIFY(busy.getFlag(Figure::FLAG_VALID));
+    QVERIFY(scene.layer.getFlag(Figure::FLAG_VALID));
 }
 
 QTEST_MAIN(tst_ViewAlone)
