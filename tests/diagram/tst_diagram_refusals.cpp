@@ -63,6 +63,7 @@ private Q_SLOTS:
     void sizeOfItsOwnChoiceStaysThatWhenTheFigureMoves();
     void sizeThatSomebodyElseChoosesStays_data();
     void sizeThatSomebodyElseChoosesStays();
+    void moveOfNobodyMovesNothing();
     void figuresWithoutBoundsTakeNoRoom();
     void nestedShapesWithoutBoundsHaveNoPath();
     void bendsNeedNoOwnersOfTheirAnchors();
@@ -374,6 +375,17 @@ void tst_DiagramRefusals::sizeThatSomebodyElseChoosesStays()
     diagram.validate();
 
     QCOMPARE(text->getBounds(), QRect(10, 10, 77, 88));
+}
+
+void tst_DiagramRefusals::moveOfNobodyMovesNothing()
+{
+    Pair pair;
+    Layout *layout = pair.diagram.getFigureLayer()->getLayoutManager();
+
+    Q_EMIT pair.left->figureMoved(nullptr);
+
+    QCOMPARE(layout->getConstraint(pair.left).toRect(), QRect(0, 0, 40, 40));
+    QCOMPARE(pair.left->getBounds(), QRect(0, 0, 40, 40));
 }
 
 void tst_DiagramRefusals::figuresWithoutBoundsTakeNoRoom()

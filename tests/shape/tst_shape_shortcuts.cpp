@@ -132,6 +132,7 @@ private Q_SLOTS:
     void specialPensAndBrushesSeeThePath();
     void specialBoundsSeeThePath_data();
     void specialBoundsSeeThePath();
+    void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
 };
@@ -288,6 +289,24 @@ void tst_Shape_Shortcuts::specialBoundsSeeThePath()
     PathRectangle drawn(nullptr);
 
     QCOMPARE(paint(&direct), paint(&drawn));
+}
+
+// Whoever announces a path may say where it lies.
+void tst_Shape_Shortcuts::partsOfPixelsSeeThePath()
+{
+    const auto paint = [](Shape *shape) {
+        dress(*shape, {QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 1, Qt::SolidLine});
+        shape->addNotify(); // from now on it listens
+        Q_EMIT shape->pathChanged(QRectF(10.5, 10.25, 30.5, 20.75));
+        return picture(*shape, {}, {}, false);
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    const QImage image = paint(&direct);
+
+    QCOMPARE(image, paint(&drawn));
+    QCOMPARE(image.pixelColor(50, 40), QColor(240, 240, 200)); // outside of the new path
 }
 
 // A recording is played back on devices whose pixels nobody knows yet.

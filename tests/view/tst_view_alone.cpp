@@ -93,7 +93,9 @@ private Q_SLOTS:
     void gridNeedsAPainter();
     void pictureInsideAPaintIsWhole();
     void canvasThatWasTakenOutIsAWindow();
-    void secondTurnNeedsAManager();
+    void otherWidgetsAreScrolledAsInAnyScrollArea();
+    void secondTurnNeedsAManagerWithAViewer_data();
+    void secondTurnNeedsAManagerWithAViewer();
     void figureMayBeQueuedWhileItIsValidated();
 };
 
@@ -410,9 +412,30 @@ void tst_ViewAlone::canvasThatWasTakenOutIsAWindow()
     QCOMPARE(colorAt(shown, inside), QColor(Qt::green));
 }
 
-// What becomes stale during a pass waits for another one, which nobody may be there to make.
-void tst_ViewAlone::secondTurnNeedsAManager()
+void tst_ViewAlone::otherWidgetsAreScrolledAsInAnyScrollArea()
 {
+    Scene scene;
+    QVERIFY(scene.show());
+    auto *other = new QWidget;
+    scene.viewer.setWidget(other);
+
+    other->resize(1400, 1300);
+
+    QCOMPARE(scene.horizontalBar()->maximum(), 1400 - scene.viewer.viewport()->width());
+    QCOMPARE(scene.verticalBar()->maximum(), 1300 - scene.viewer.viewport()->height());
+}
+
+void tst_ViewAlone::secondTurnNeedsAManagerWithAViewer_data()
+{
+    QTest::addColumn<bool>("hasManager");
+    QTest::newRow("no manager") << false;
+    QTest::newRow("a manager without a viewer") << true;
+}
+
+// What becomes stale during a pass waits for another one, which nobody may be there to make.
+void tst_ViewAlone::secondTurnNeedsAManagerWithAViewer()
+{
+    QFETCH(bool, hasManager);
     Scene scene;
     Figure figure;
     BusyFigure busy;
@@ -424,7 +447,17 @@ void tst_ViewAlone::secondTurnNeedsAManager()
     scene.viewer.getUpdateManager()->performUpdate();
     QVERIFY(!figure.getFlag(Figure::FLAG_VALID));
 
-    scene.widget()->setUpdateManager(nullptr);
+    if (hasManager) {
+        scene.viewer.getUpdateManager()->setViewer(nullptr);
+        for (int i = 0; i < 3; ++i)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 "UpdateManager::addInvalidFigure(): no managed widget");
+        for (int i = 0; i < 2; ++i)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 "UpdateManager::addDirtyRegion(): no managed widget");
+    } else {
+        scene.widget()->setUpdateManager(nullptr);
+    }
     QCoreApplication::processEvents();
 
     QVERIFY(!figure.getFlag(Figure::FLAG_VALID));
