@@ -27,17 +27,20 @@ public:
 
     void validate() override
     {
+        const QPointer<Doer> alive(this);
         Rectangle::validate();
-        if (const Deed act = whenEverValidated)
+        if (const Deed act = alive ? whenEverValidated : nullptr)
             act();
-        else
+        else if (alive)
             doOnce(&whenValidated);
     }
 
     void setBounds(const QRect &rect) override
     {
+        const QPointer<Doer> alive(this); // moves are told, and may be its end
         Rectangle::setBounds(rect);
-        doOnce(&whenMoved);
+        if (alive)
+            doOnce(&whenMoved);
     }
 
     void render(QPainter *painter, const QStyleOptionViewItem &option) override
