@@ -132,6 +132,7 @@ private Q_SLOTS:
     void specialPensAndBrushesSeeThePath();
     void specialBoundsSeeThePath_data();
     void specialBoundsSeeThePath();
+    void partsOfPixelsSeeThePath_data();
     void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
@@ -291,13 +292,23 @@ void tst_Shape_Shortcuts::specialBoundsSeeThePath()
     QCOMPARE(paint(&direct), paint(&drawn));
 }
 
+void tst_Shape_Shortcuts::partsOfPixelsSeeThePath_data()
+{
+    QTest::addColumn<QRectF>("rect");
+    QTest::newRow("part of a column") << QRectF(10.5, 10, 30, 20);
+    QTest::newRow("part of a row") << QRectF(10, 10.25, 30, 20);
+    QTest::newRow("part of a width") << QRectF(10, 10, 30.5, 20);
+    QTest::newRow("part of a height") << QRectF(10, 10, 30, 20.75);
+}
+
 // Whoever announces a path may say where it lies.
 void tst_Shape_Shortcuts::partsOfPixelsSeeThePath()
 {
-    const auto paint = [](Shape *shape) {
+    QFETCH(QRectF, rect);
+    const auto paint = [&rect](Shape *shape) {
         dress(*shape, {QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 1, Qt::SolidLine});
         shape->addNotify(); // from now on it listens
-        Q_EMIT shape->pathChanged(QRectF(10.5, 10.25, 30.5, 20.75));
+        Q_EMIT shape->pathChanged(rect);
         return picture(*shape, {}, {}, false);
     };
     Rectangle direct(nullptr);
