@@ -9,6 +9,8 @@
 #include <figura/connection/ManhattanConnectionRouter.h>
 #include <figura/connection/NullRouter.h>
 #include <figura/connection/RelativeBendpoint.h>
+#include <figura/decoration/ArrowLocator.h>
+#include <figura/decoration/PolygonDecoration.h>
 
 #include <QPointer>
 #include <QTest>
@@ -203,6 +205,10 @@ private Q_SLOTS:
     void bentRouteNeedsBothAnchors();
     void bendpointWithoutPartsLiesAtTheOrigin_data();
     void bendpointWithoutPartsLiesAtTheOrigin();
+    void bendpointWithoutItsTargetLiesByItsSource();
+    void bentRouteDoesWithoutAnAnchorThatGoes();
+    void lineThatIsReservedTwiceIsGivenBackOnce();
+    void tipMayGoWhileItIsPlaced();
     void connectionWithoutAParentAsksForNoRepaint();
 };
 
@@ -438,6 +444,70 @@ void tst_ConnectionInterrupted::connectionWithoutAParentAsksForNoRepaint()
     connection.revalidate();
 
     QCOMPARE(manager.dirtyRects(), QList<QRect>());
+}
+
+// The one that has gone counts as lying at the origin.
+void tst_ConnectionInterrupted::bendpointWithoutItsTargetLiesByItsSource()
+{
+    Question<NullRouter> question;
+    RelativeBendpoint bendpoint(question.connection.data());
+    bendpoint.setRelativeDimensions(QSize(2, 4), QSize(0, 0));
+    question.fate.at(QStringLiteral("source::getReferencePoint"), 1,
+                     [&] { question.destroy(QStringLiteral("target")); });
+
+    const QPoint location = bendpoint.getLocation();
+
+    QVERIFY(question.fate.hasStruck());
+    QCOMPARE(location, QPoint(6, 7)); // half of (10 + 2, 10 + 4)
+}
+
+void tst_ConnectionInterrupted::bentRouteDoesWithoutAnAnchorThatGoes()
+{
+    Question<BendpointConnectionRouter> question;
+    question.fate.at(QStringLiteral("target::getReferencePoint"), 1,
+                     [&] { question.destroy(QStringLiteral("source")); });
+
+    const QList<QPoint> points = question.router->doRoute(question.connection);
+
+    QVERIFY(question.fate.hasStruck());
+    QCOMPARE(points, QList<QPoint>({QPoint(0, 0), QPoint(90, 50)}));
+}
+
+void tst_ConnectionInterrupted::lineThatIsReservedTwiceIsGivenBackOnce()
+{
+    class OpenRouter : public ManhattanConnectionRouter
+    {
+    public:
+        using ManhattanConnectionRouter::removeReservedLines;
+        using ManhattanConnectionRouter::reserveColumn;
+        using ManhattanConnectionRouter::reserveRow;
+    };
+    OpenRouter router;
+    PolylineConnection connection;
+    for (int time = 0; time < 2; ++time) {
+        router.reserveColumn(&connection, 5);
+        router.reserveRow(&connection, 7);
+    }
+    QVERIFY(!router.colUsable(nullptr, 5));
+    QVERIFY(!router.rowUsable(nullptr, 7));
+
+    router.removeReservedLines(&connection);
+
+    QVERIFY(router.colUsable(nullptr, 5));
+    QVERIFY(router.rowUsable(nullptr, 7));
+}
+
+void tst_ConnectionInterrupted::tipMayGoWhileItIsPlaced()
+{
+    PolylineConnection connection;
+    connection.setEndPoints(QPoint(0, 0), QPoint(50, 50));
+    ArrowLocator locator(&connection, ConnectionLocator::TARGET);
+    QPointer<PolygonDecoration> tip = new PolygonDecoration;
+    connect(tip, &Shape::pathChanged, this, [&] { delete tip; });
+
+    locator.relocate(tip);
+
+    QVERIFY(!tip);
 }
 
 Q_DECLARE_METATYPE(WireOperation)

@@ -138,6 +138,7 @@ private Q_SLOTS:
     void decorationIsDeletedWhileItsOwnerLives();
     void decorationIsDeletedBySomebodyWhoHearsOfTheMove();
     void ownerIsDeletedWhileItsDecorationIsAttached();
+    void decorationIsDeletedByAChildThatIsAttached();
     void ownerDeletedBeforeTheDecorationIsTakenOut();
     void ownersLifeAndDeathMakeNoDecorationValid();
 
@@ -392,6 +393,35 @@ void tst_DecorationLifetime::decorationIsDeletedBySomebodyWhoHearsOfTheMove()
     QVERIFY(!decoration);
     owner.setBounds(QRect(6, 6, 10, 10));
     root.validate();
+}
+
+void tst_DecorationLifetime::decorationIsDeletedByAChildThatIsAttached()
+{
+    class Child : public Figure
+    {
+    public:
+        std::function<void()> whenAttached;
+
+        void addNotify() override
+        {
+            Figure::addNotify();
+            whenAttached();
+        }
+    };
+    Displayed root;
+    Figure owner;
+    root.add(&owner);
+    ObjectLocator locator;
+    QPointer<DecorationProbe> decoration = new DecorationProbe(&owner, &locator);
+    decoration->setLayoutManager(new XYLayout(decoration));
+    Child child;
+    child.whenAttached = [&] { delete decoration; };
+    decoration->add(&child);
+
+    root.add(decoration);
+
+    QVERIFY(!decoration);
+    QCOMPARE(root.childFigures(), QList<Figure *>{&owner});
 }
 
 void tst_DecorationLifetime::ownerIsDeletedWhileItsDecorationIsAttached()

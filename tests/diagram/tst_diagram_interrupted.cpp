@@ -1,5 +1,7 @@
 #include "diagram_fixtures.h"
 
+#include <figura/layout/ILayoutListener.h>
+
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -21,17 +23,24 @@ public:
     Deed whenValidated;
     Deed whenMoved;
     Deed whenPainted;
+    Deed whenEverValidated;
 
     void validate() override
     {
+        const QPointer<Doer> alive(this);
         Rectangle::validate();
-        doOnce(&whenValidated);
+        if (const Deed act = alive ? whenEverValidated : nullptr)
+            act();
+        else if (alive)
+            doOnce(&whenValidated);
     }
 
     void setBounds(const QRect &rect) override
     {
+        const QPointer<Doer> alive(this); // moves are told, and may be its end
         Rectangle::setBounds(rect);
-        doOnce(&whenMoved);
+        if (alive)
+            doOnce(&whenMoved);
     }
 
     void render(QPainter *painter, const QStyleOptionViewItem &option) override
@@ -87,6 +96,23 @@ public:
     }
 };
 
+/// Hears of constraints, and does something once.
+class Witness : public ILayoutListener
+{
+public:
+    Deed whenConstrained;
+
+    void invalidate(Figure *) override {}
+    bool layout(Figure *) override { return false; }
+    void postLayout(Figure *) override {}
+    void remove(Figure *) override {}
+    void setConstraint(Figure *, const QVariant &) override
+    {
+        if (const Deed act = std::exchange(whenConstrained, nullptr))
+            act();
+    }
+};
+
 void addVictimRows()
 {
     QTest::addColumn<QString>("victim");
@@ -108,6 +134,12 @@ private Q_SLOTS:
     void anythingMayGoWhileTheDiagramIsValidated_data() { addVictimRows(); }
     void anythingMayGoWhileTheDiagramIsValidated();
     void figureMayGoWhileItIsResized();
+    void anythingMayGoWhileInnerFiguresSettle_data();
+    void anythingMayGoWhileInnerFiguresSettle();
+    void figureMayGoWhileAnotherIsValidated();
+    void figureMayGoWhileAListenerHearsOfItsMove_data();
+    void figureMayGoWhileAListenerHearsOfItsMove();
+    void connectionsFromWhatIsLeftOverGo();
     void figureMayGoWhileItIsPlaced_data();
     void figureMayGoWhileItIsPlaced();
     void anythingMayGoWhileTheDiagramIsPainted_data() { addVictimRows(); }
@@ -256,6 +288,102 @@ void tst_DiagramInterrupted::connectionsMayGoWhileLooseOnesGo()
 
     QCOMPARE(removals, 3);
     QVERIFY(scene.diagram->getConnections().isEmpty());
+}
+
+void tst_DiagramInterrupted::anythingMayGoWhileInnerFiguresSettle_data()
+{
+    QTest::addColumn<QString>("victim");
+    QTest::addColumn<int>("validation");
+    for (const char *victim : {"box", "itself", "the other", "taken out"}) {
+        for (const int validation : {1, 2, 3})
+            QTest::addRow("%s, validation %d", victim, validation)
+                << QString::fromLatin1(victim) << validation;
+    }
+}
+
+// Those inside are laid out anew, each in its turn.
+void tst_DiagramInterrupted::anythingMayGoWhileInnerFiguresSettle()
+{
+    QFETCH(QString, victim);
+    QFETCH(int, validation);
+    StackScene scene;
+    scene.doer->setLayoutManager(new StackLayout(scene.doer));
+    scene.box->validate();
+    int validations = 0;
+    const Deed count = [&] {
+        if (++validations == validation)
+            scene.destroy(victim);
+    };
+    scene.doer->whenEverValidated = count;
+
+    scene.box->setBounds(QRect(50, 50, 100, 100));
+    if (scene.box)
+        scene.box->revalidate();
+    scene.diagram->validate();
+
+    QVERIFY(validations >= 1);
+    QCOMPARE(scene.diagram->getFigures().size(), scene.box ? 1 : 0);
+    if (scene.box && scene.doer)
+        QCOMPARE(scene.doer->getBounds(), scene.box->getBounds());
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileAnotherIsValidated()
+{
+    Diagram diagram;
+    QPointer<Doer> doer = diagram.add(new Doer, QRect(0, 0, 40, 40));
+    QPointer<Figure> next = diagram.add(new Rectangle, QRect(100, 0, 40, 40));
+    diagram.validate();
+    doer->revalidate();
+    next->revalidate();
+    doer->whenValidated = [&] { delete next; };
+
+    diagram.validate();
+
+    QVERIFY(!next);
+    QCOMPARE(diagram.getFigures(), QList<Figure *>{doer});
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileAListenerHearsOfItsMove_data()
+{
+    QTest::addColumn<QString>("victim");
+    for (const char *victim : {"figure", "layout", "diagram"})
+        QTest::newRow(victim) << QString::fromLatin1(victim);
+}
+
+void tst_DiagramInterrupted::figureMayGoWhileAListenerHearsOfItsMove()
+{
+    QFETCH(QString, victim);
+    auto diagram = std::make_unique<Diagram>();
+    QPointer<Rectangle> box = diagram->add(new Rectangle, QRect(0, 0, 40, 40));
+    QPointer<Layout> layout = diagram->getFigureLayer()->getLayoutManager();
+    Witness witness;
+    layout->addListener(&witness);
+    witness.whenConstrained = [&] {
+        if (victim == QStringLiteral("figure"))
+            delete box;
+        else if (victim == QStringLiteral("layout"))
+            delete layout;
+        else
+            diagram.reset();
+    };
+
+    box->setBounds(QRect(10, 10, 40, 40));
+
+    QVERIFY(!witness.whenConstrained);
+    QCOMPARE(box.isNull(), victim != QStringLiteral("layout"));
+    QCOMPARE(layout.isNull(), victim != QStringLiteral("figure"));
+}
+
+void tst_DiagramInterrupted::connectionsFromWhatIsLeftOverGo()
+{
+    StackScene scene;
+    auto *other = scene.diagram->add(new Rectangle, QRect(200, 0, 40, 40));
+    scene.diagram->connect(scene.doer, other);
+    PolylineConnection *loop = scene.diagram->connect(other, other);
+
+    delete scene.box;
+
+    QCOMPARE(scene.diagram->getConnections(), QList<PolylineConnection *>{loop});
 }
 
 QTEST_MAIN(tst_DiagramInterrupted)

@@ -61,7 +61,12 @@ private Q_SLOTS:
     void constraintsMayBeFloating();
     void sizeOfItsOwnChoiceStaysThatWhenTheFigureMoves_data();
     void sizeOfItsOwnChoiceStaysThatWhenTheFigureMoves();
+    void sizeThatSomebodyElseChoosesStays_data();
+    void sizeThatSomebodyElseChoosesStays();
+    void moveOfNobodyMovesNothing();
     void figuresWithoutBoundsTakeNoRoom();
+    void nestedShapesWithoutBoundsHaveNoPath();
+    void bendsNeedNoOwnersOfTheirAnchors();
     void hiddenFiguresAreNotPainted();
 };
 
@@ -351,6 +356,38 @@ void tst_DiagramRefusals::sizeOfItsOwnChoiceStaysThatWhenTheFigureMoves()
     QCOMPARE(after.height() > before.height(), grown.height() == 1);
 }
 
+void tst_DiagramRefusals::sizeThatSomebodyElseChoosesStays_data()
+{
+    QTest::addColumn<QSize>("wanted");
+    QTest::newRow("width") << QSize(-1, 60);
+    QTest::newRow("height") << QSize(60, -1);
+    QTest::newRow("both") << QSize(-1, -1);
+}
+
+void tst_DiagramRefusals::sizeThatSomebodyElseChoosesStays()
+{
+    QFETCH(QSize, wanted);
+    Diagram diagram;
+    auto *text = diagram.add(new TextFigure(QStringLiteral("a")), QRect(QPoint(10, 10), wanted));
+
+    text->setBounds(QRect(10, 10, 77, 88));
+    text->setFont(QFont(QString(), 60));
+    diagram.validate();
+
+    QCOMPARE(text->getBounds(), QRect(10, 10, 77, 88));
+}
+
+void tst_DiagramRefusals::moveOfNobodyMovesNothing()
+{
+    Pair pair;
+    Layout *layout = pair.diagram.getFigureLayer()->getLayoutManager();
+
+    Q_EMIT pair.left->figureMoved(nullptr);
+
+    QCOMPARE(layout->getConstraint(pair.left).toRect(), QRect(0, 0, 40, 40));
+    QCOMPARE(pair.left->getBounds(), QRect(0, 0, 40, 40));
+}
+
 void tst_DiagramRefusals::figuresWithoutBoundsTakeNoRoom()
 {
     Pair pair;
@@ -369,6 +406,42 @@ void tst_DiagramRefusals::hiddenFiguresAreNotPainted()
 
     QCOMPARE(colorAt(picture(pair.diagram), 20, 20), QColor(Qt::white));
     QCOMPARE(colorAt(picture(pair.diagram), 120, 20), pair.right->getEnabledBGColor());
+}
+
+void tst_DiagramRefusals::nestedShapesWithoutBoundsHaveNoPath()
+{
+    class PathRectangle : public Rectangle
+    {
+    public:
+        using Rectangle::getPainterPath;
+    };
+    Diagram diagram;
+    auto *inner = new PathRectangle;
+    auto *box = diagram.add(container<XYLayout>({}), QRect(0, 0, 100, 100));
+    diagram.validate();
+    inner->setParent(box);
+    box->add(inner, 0U, 0U, -1);
+    inner->setVisible(false);
+    box->revalidate();
+
+    diagram.validate();
+
+    QVERIFY(!inner->getBounds().isValid());
+    QVERIFY(inner->getPainterPath().isEmpty());
+}
+
+// Anchors of the program may lie anywhere.
+void tst_DiagramRefusals::bendsNeedNoOwnersOfTheirAnchors()
+{
+    Pair pair;
+    XYAnchor anchor(QPoint(20, 300));
+    pair.diagram.setRouting(pair.wire, Diagram::Routing::Bendpoints);
+
+    pair.wire->setSourceAnchor(&anchor);
+    pair.diagram.validate();
+
+    QCOMPARE(pair.wire->getPoint(0), QPoint(20, 300));
+    QCOMPARE(pair.wire->getPointCount(), 2);
 }
 
 QTEST_MAIN(tst_DiagramRefusals)

@@ -7,6 +7,19 @@
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
 
+namespace {
+
+/// Names the protected operations of a pane.
+class OpenPane : public FreeformLayeredPane
+{
+public:
+    using FreeformLayeredPane::drawBackground;
+    using FreeformLayeredPane::drawMainGrid;
+    using FreeformLayeredPane::drawSubGrid;
+};
+
+} // namespace
+
 class tst_DiagramViewStates : public QObject
 {
     Q_OBJECT
@@ -24,6 +37,7 @@ private Q_SLOTS:
     void largeAreaIsRevealedFromItsBeginning_data();
     void largeAreaIsRevealedFromItsBeginning();
     void gridIsPaintedWithoutAView();
+    void gridOfAnEmptyViewIsAsOnAnyPane();
     void missingPainterPaintsNothing();
     void layersMayLieBeneathOthers_data();
     void layersMayLieBeneathOthers();
@@ -70,9 +84,12 @@ void tst_DiagramViewStates::viewWithoutAContentReportsNothing()
     const QSignalSpy damaged(&scene.view, &DiagramView::contentDamaged);
 
     scene.view.update();
+    scene.view.zoomAbout(0.5, QPointF(0, 0));
+    scene.view.zoomToFit();
     scene.settle();
 
     QCOMPARE(scene.view.getContent(), nullptr);
+    QCOMPARE(scene.view.getScale(), 1.0);
     QCOMPARE(damaged.count(), 0);
 }
 
@@ -177,15 +194,22 @@ void tst_DiagramViewStates::gridIsPaintedWithoutAView()
     QVERIFY(countPixels(image, Qt::gray) > 0); // as dark as it is on a white paper
 }
 
+void tst_DiagramViewStates::gridOfAnEmptyViewIsAsOnAnyPane()
+{
+    const DiagramView view;
+    auto *pane = qobject_cast<FreeformLayeredPane *>(view.getContent());
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 60, 60);
+
+    const QImage image = paintedImage(QSize(60, 60), [&](QPainter *painter) {
+        (pane->*&OpenPane::drawMainGrid)(painter, option);
+    });
+
+    QVERIFY(countPixels(image, Qt::gray) > 0);
+}
+
 void tst_DiagramViewStates::missingPainterPaintsNothing()
 {
-    class OpenPane : public FreeformLayeredPane
-    {
-    public:
-        using FreeformLayeredPane::drawBackground;
-        using FreeformLayeredPane::drawMainGrid;
-        using FreeformLayeredPane::drawSubGrid;
-    };
     Diagram diagram;
     auto *box = diagram.add(painted<Rectangle>(), QRect(0, 0, 40, 40));
     FreeformLayeredPane *pane = diagram.getPane();

@@ -3,6 +3,7 @@
 #include <QLineF>
 #include <QTest>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Velmora::Figura;
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void missingOwnerIsReported();
     void referenceInTheMiddleOfALoopLeadsOnToTheNextEdge();
     void ownersThatAreNoShapesCountAsTheirBounds();
+    void lastEdgeBeforeTheReferenceCountsInAnyOrder_data();
+    void lastEdgeBeforeTheReferenceCountsInAnyOrder();
     void endsLieOnTheOutlineWhereverTheReferenceIs();
 };
 
@@ -145,6 +148,28 @@ void tst_OutlineAnchor::ownersThatAreNoShapesCountAsTheirBounds()
     anchor.setOwner(&figure);
 
     QCOMPARE(anchor.getLocation(QPoint(300, 120)), QPoint(140, 120));
+}
+
+void tst_OutlineAnchor::lastEdgeBeforeTheReferenceCountsInAnyOrder_data()
+{
+    QTest::addColumn<bool>("outerFirst");
+    QTest::newRow("outer walls first") << true;
+    QTest::newRow("inner walls first") << false;
+}
+
+void tst_OutlineAnchor::lastEdgeBeforeTheReferenceCountsInAnyOrder()
+{
+    QFETCH(bool, outerFirst);
+    Diagram diagram;
+    auto *shape = new Polygon;
+    QList<QPoint> walls{QPoint(200, 100), QPoint(200, 200), QPoint(190, 200), QPoint(190, 110),
+                        QPoint(180, 110), QPoint(180, 200), QPoint(100, 200), QPoint(100, 100)};
+    if (!outerFirst)
+        std::reverse(walls.begin(), walls.end());
+    shape->setLinePoints(walls);
+    OutlineAnchor anchor(diagram.add(shape, QRect()));
+
+    QCOMPARE(anchor.getLocation(QPoint(185, 150)), QPoint(180, 150));
 }
 
 // The stroke of the outline, two units wide, holds every end.

@@ -2,12 +2,15 @@
 
 #include <mortalfigure.h>
 #include <mortalmanager.h>
+#include <recordingupdatemanager.h>
 #include <rootfigure.h>
 
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/ITreeSearch.h>
+#include <figura/layout/XYLayout.h>
 
 #include <QPointer>
+#include <QRegion>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -92,6 +95,8 @@ private Q_SLOTS:
     void helperKeepsWatchingWhenAStrangerIsLeft();
     void helperMayHookItsFigureAgain();
     void figureWithoutABorderNeedsNoMoreThanItsContent();
+    void listOfItsOwnIdeaIsFollowed();
+    void unclippedChildrenOfARelativeLayoutMoveAlong();
 };
 
 void tst_FigureInterrupted::figureMayGoInAnOperation_data()
@@ -240,6 +245,63 @@ void tst_FigureInterrupted::figureWithoutABorderNeedsNoMoreThanItsContent()
     figure.setMargin(3);
 
     QCOMPARE(figure.calculateRectForContent(QRect(10, 10, 20, 20)), QRect(7, 7, 26, 26));
+}
+
+// Some keep children that their layout does not know, or hide some that it does.
+void tst_FigureInterrupted::listOfItsOwnIdeaIsFollowed()
+{
+    class Chooser : public ParentFigure
+    {
+    public:
+        QList<Figure *> chosen;
+
+        QList<Figure *> childFigures() override { return chosen; }
+    };
+    Chooser parent;
+    CountingFigure hidden;
+    CountingFigure listed;
+    CountingFigure foreign;
+    parent.add(&hidden);
+    parent.add(&listed);
+    parent.chosen = {&listed, &foreign, nullptr};
+
+    parent.addNotify();
+
+    QCOMPARE(hidden.calls().addNotify, 0);
+    QCOMPARE(listed.calls().addNotify, 1);
+    QCOMPARE(foreign.calls().addNotify, 1);
+}
+
+void tst_FigureInterrupted::unclippedChildrenOfARelativeLayoutMoveAlong()
+{
+    class LooseLayout : public XYLayout
+    {
+    public:
+        using XYLayout::XYLayout;
+
+    protected:
+        bool isClipping() const override { return false; }
+    };
+    RecordingUpdateManager manager;
+    RootFigure root(&manager);
+    root.setLayoutManager(new XYLayout(&root));
+    root.setBounds(QRect(0, 0, 500, 500));
+    Figure box;
+    Figure child(nullptr, Qt::red);
+    box.setLayoutManager(new LooseLayout(&box));
+    root.add(&box, QRect(100, 100, 20, 20));
+    box.add(&child, QRect(30, 30, 40, 40)); // outside of the box
+    root.validate();
+    manager.clear();
+
+    box.setBounds(QRect(200, 100, 20, 20));
+    QRegion damage;
+    for (const QRect &rect : manager.dirtyRects(&root))
+        damage |= rect;
+
+    QCOMPARE(child.getBounds(), QRect(30, 30, 40, 40));
+    QVERIFY(box.useLocalCoordinates());
+    QVERIFY(!damage.isEmpty());
 }
 
 Q_DECLARE_METATYPE(Operation)

@@ -130,6 +130,10 @@ private Q_SLOTS:
     void specialPaintersSeeThePath();
     void specialPensAndBrushesSeeThePath_data();
     void specialPensAndBrushesSeeThePath();
+    void specialBoundsSeeThePath_data();
+    void specialBoundsSeeThePath();
+    void partsOfPixelsSeeThePath_data();
+    void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
 };
@@ -252,6 +256,68 @@ void tst_Shape_Shortcuts::specialPensAndBrushesSeeThePath()
     dress(drawn, look);
 
     QCOMPARE(picture(direct, {}, {}, false), picture(drawn, {}, {}, false));
+}
+
+void tst_Shape_Shortcuts::specialBoundsSeeThePath_data()
+{
+    QTest::addColumn<QRect>("bounds");
+    QTest::newRow("a column") << QRect(10, 10, 1, 40);
+    QTest::newRow("two columns") << QRect(10, 10, 2, 40);
+    QTest::newRow("a row") << QRect(10, 10, 40, 1);
+    QTest::newRow("two rows") << QRect(10, 10, 40, 2);
+    QTest::newRow("a point") << QRect(10, 10, 1, 1);
+    QTest::newRow("far away") << QRect(1 << 25, 10, 50, 40);
+    QTest::newRow("far down") << QRect(10, 1 << 25, 50, 40);
+}
+
+void tst_Shape_Shortcuts::specialBoundsSeeThePath()
+{
+    QFETCH(QRect, bounds);
+    const Look look{bounds, Qt::red, Qt::blue, true, 1, Qt::SolidLine};
+    const auto paint = [&](Shape *shape) {
+        dress(*shape, look);
+        QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.rect = bounds.adjusted(-100, -100, 100, 100);
+        if (bounds.x() > 100 || bounds.y() > 100)
+            painter.translate(QPoint(10, 10) - bounds.topLeft());
+        shape->render(&painter, option);
+        return image;
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    QCOMPARE(paint(&direct), paint(&drawn));
+}
+
+void tst_Shape_Shortcuts::partsOfPixelsSeeThePath_data()
+{
+    QTest::addColumn<QRectF>("rect");
+    QTest::newRow("part of a column") << QRectF(10.5, 10, 30, 20);
+    QTest::newRow("part of a row") << QRectF(10, 10.25, 30, 20);
+    QTest::newRow("part of a width") << QRectF(10, 10, 30.5, 20);
+    QTest::newRow("part of a height") << QRectF(10, 10, 30, 20.75);
+}
+
+// Whoever announces a path may say where it lies.
+void tst_Shape_Shortcuts::partsOfPixelsSeeThePath()
+{
+    QFETCH(QRectF, rect);
+    const auto paint = [&rect](Shape *shape) {
+        dress(*shape, {QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 1, Qt::SolidLine});
+        shape->addNotify(); // from now on it listens
+        Q_EMIT shape->pathChanged(rect);
+        return picture(*shape, {}, {}, false);
+    };
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+
+    const QImage image = paint(&direct);
+
+    QCOMPARE(image, paint(&drawn));
+    QCOMPARE(image.pixelColor(50, 40), QColor(240, 240, 200)); // outside of the new path
 }
 
 // A recording is played back on devices whose pixels nobody knows yet.

@@ -3,6 +3,7 @@
 
 #include <figura/view/FreeformWidget.h>
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 
 // The viewer, its content and its manager.
