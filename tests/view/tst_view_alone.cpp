@@ -92,6 +92,7 @@ private Q_SLOTS:
     void layerWithAnotherLayoutMonitorsNothing();
     void gridNeedsAPainter();
     void pictureInsideAPaintIsWhole();
+    void canvasThatWasTakenOutIsAWindow_data();
     void canvasThatWasTakenOutIsAWindow();
     void otherWidgetsAreScrolledAsInAnyScrollArea();
     void secondTurnNeedsAManagerWithAViewer_data();
@@ -369,11 +370,12 @@ void tst_ViewAlone::pictureInsideAPaintIsWhole()
         }
     };
     Figure subject(nullptr, Qt::white);
-    Figure child(nullptr, Qt::blue);
     subject.setLayoutManager(new XYLayout(&subject));
     subject.setBounds(QRect(0, 0, 100, 100));
-    subject.add(&child, QRect(50, 50, 20, 20));
-    child.setBounds(QRect(50, 50, 20, 20));
+    for (int i = 0; i < 100; ++i) { // so many that they are looked up
+        auto *child = new Figure(&subject, Qt::blue);
+        subject.add(child, QRect(i % 10 * 10, i / 10 * 10, 2, 2));
+    }
     Scene scene;
     Photographer photographer;
     photographer.subject = &subject;
@@ -388,14 +390,26 @@ void tst_ViewAlone::pictureInsideAPaintIsWhole()
     QCOMPARE(countPixels(photographer.photograph, Qt::blue), 400);
 }
 
+void tst_ViewAlone::canvasThatWasTakenOutIsAWindow_data()
+{
+    QTest::addColumn<bool>("hasParent");
+    QTest::newRow("of its own") << false;
+    QTest::newRow("of the viewer") << true;
+}
+
+// Where it lies has nothing to do with what a parent shows.
 void tst_ViewAlone::canvasThatWasTakenOutIsAWindow()
 {
+    QFETCH(bool, hasParent);
     Scene scene;
     Figure figure(nullptr, Qt::red);
     scene.layer.add(&figure, QRect(0, 0, 50, 50));
     QVERIFY(scene.show());
     const QPoint inside = scene.widget()->fromLogical(QPointF(10, 10)).toPoint();
     const std::unique_ptr<QWidget> canvas(scene.viewer.takeWidget());
+    if (hasParent)
+        canvas->setParent(&scene.viewer, Qt::Window);
+    canvas->move(450, 350);
     canvas->show();
     QVERIFY(QTest::qWaitForWindowExposed(canvas.get()));
     settle(canvas.get());
