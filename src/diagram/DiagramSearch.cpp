@@ -68,25 +68,32 @@ QRect Diagram::paintedExtent()
 
 QRect Diagram::getExtent()
 {
+    const QPointer<Diagram> alive(this);
     validate();
-    return paintedExtent();
+    return alive ? paintedExtent() : QRect();
 }
 
 QRect Diagram::getExtent(const QList<Figure *> &figures)
 {
+    const QPointer<Diagram> alive(this);
     validate();
+    if (!alive)
+        return {};
     QList<Figure *> chosen = figures;
     chosen.removeIf([this](const Figure *figure) { return !isAdded(figure); });
     return united(chosen) | united(connectionsBetween(chosen));
 }
 
-// Each layer for itself: a pane that is valid does not look whether its layers are.
+// Each layer for itself: a pane that is valid does not look whether its layers are. All go with the
+// diagram, which a figure may destroy while it is validated.
 void Diagram::validate()
 {
-    m_pane->validate();
-    m_figureLayer->validate();
-    m_connectionLayer->validate();
-    m_feedbackLayer->validate();
+    for (const QPointer<Figure> &part :
+         {QPointer<Figure>(m_pane), QPointer<Figure>(m_figureLayer),
+          QPointer<Figure>(m_connectionLayer), QPointer<Figure>(m_feedbackLayer)}) {
+        if (part)
+            part->validate();
+    }
 }
 
 QList<PolylineConnection *> Diagram::connectionsBetween(const QList<Figure *> &figures) const
@@ -116,7 +123,10 @@ void Diagram::render(QPainter *painter, const QRect &area)
 {
     if (!painter)
         return;
+    const QPointer<Diagram> alive(this);
     validate();
+    if (!alive)
+        return;
     if (!m_view) // which else hears of lines that become wider
         noteAllReaches();
     renderThese(painter, area, getFigures(), getConnections());
@@ -126,7 +136,10 @@ void Diagram::render(QPainter *painter, const QRect &area, const QList<Figure *>
 {
     if (!painter)
         return;
+    const QPointer<Diagram> alive(this);
     validate();
+    if (!alive)
+        return;
     const QSet<Figure *> wanted(figures.cbegin(), figures.cend());
     QList<Figure *> chosen = getFigures();
     chosen.removeIf([&wanted](Figure *figure) { return !wanted.contains(figure); });

@@ -60,8 +60,9 @@ void ChildAgenda::followNumbering()
     std::make_heap(m_heap.begin(), m_heap.end());
     if (const ChildRecord *current = m_table.find(m_current))
         m_slot = m_table.slotOf(current);
-    else if (!m_heap.empty())
-        m_slot = m_heap.front().slot - 1;
+    else // where it was is lost; to turn to one that has been passed does less harm than to miss
+         // one
+        m_slot = m_table.firstSlot() - 1;
 }
 
 void ChildAgenda::absorbNotes()

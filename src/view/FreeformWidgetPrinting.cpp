@@ -94,7 +94,7 @@ QPixmap FreeformWidget::printToPixmap(const QString &layerName, const QRect &rec
         return {};
 
     QPixmap pixmap(area.size());
-    if (pixmap.isNull()) // too large
+    if (pixmap.toImage().isNull()) // too large, of which the pixmap itself does not tell
         return {};
     pixmap.fill(palette().color(QPalette::Base));
     QPainter painter(&pixmap);

@@ -136,6 +136,8 @@ private Q_SLOTS:
     void figureMayGoWhileItIsResized();
     void anythingMayGoWhileInnerFiguresSettle_data();
     void anythingMayGoWhileInnerFiguresSettle();
+    void diagramMayGoWhileItIsValidatedFor_data();
+    void diagramMayGoWhileItIsValidatedFor();
     void figureMayGoWhileAnotherIsValidated();
     void figureMayGoWhileAListenerHearsOfItsMove_data();
     void figureMayGoWhileAListenerHearsOfItsMove();
@@ -325,6 +327,40 @@ void tst_DiagramInterrupted::anythingMayGoWhileInnerFiguresSettle()
     QCOMPARE(scene.diagram->getFigures().size(), scene.box ? 1 : 0);
     if (scene.box && scene.doer)
         QCOMPARE(scene.doer->getBounds(), scene.box->getBounds());
+}
+
+void tst_DiagramInterrupted::diagramMayGoWhileItIsValidatedFor_data()
+{
+    QTest::addColumn<std::function<void(Diagram *, QPainter *)>>("operation");
+    using Operation = std::function<void(Diagram *, QPainter *)>;
+    const QRect area(0, 0, 50, 50);
+    QTest::newRow("itself") << Operation([](Diagram *diagram, QPainter *) { diagram->validate(); });
+    QTest::newRow("its extent") << Operation(
+        [](Diagram *diagram, QPainter *) { QCOMPARE(diagram->getExtent(), QRect()); });
+    QTest::newRow("the extent of figures") << Operation([](Diagram *diagram, QPainter *) {
+        QCOMPARE(diagram->getExtent(diagram->getFigures()), QRect());
+    });
+    QTest::newRow("a picture") << Operation(
+        [area](Diagram *diagram, QPainter *painter) { diagram->render(painter, area); });
+    QTest::newRow("a picture of figures") << Operation([area](Diagram *diagram, QPainter *painter) {
+        diagram->render(painter, area, diagram->getFigures());
+    });
+}
+
+void tst_DiagramInterrupted::diagramMayGoWhileItIsValidatedFor()
+{
+    using Operation = std::function<void(Diagram *, QPainter *)>;
+    QFETCH(Operation, operation);
+    StackScene scene;
+    scene.diagram->validate();
+    scene.doer->whenValidated = [&scene] { scene.diagram.reset(); };
+    scene.doer->revalidate();
+    QImage image(50, 50, QImage::Format_RGB32);
+    QPainter painter(&image);
+
+    operation(scene.diagram.get(), &painter);
+
+    QVERIFY(!scene.diagram);
 }
 
 void tst_DiagramInterrupted::figureMayGoWhileAnotherIsValidated()

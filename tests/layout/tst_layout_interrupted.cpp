@@ -483,6 +483,7 @@ void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime_data()
     QTest::newRow("nobody else, and who called leaves") << 1 << 0 << 5 << true;
     QTest::newRow("one ahead") << 100 << 100 << -1 << false;
     QTest::newRow("many ahead") << 100 << 199 << -1 << false;
+    QTest::newRow("one before who waits, who called leaves") << 100 << 100 << 5 << true;
     QTest::newRow("one ahead, who called leaves") << 170 << 170 << 5 << true;
     QTest::newRow("many ahead, who called leaves") << 165 << 199 << 5 << true;
     QTest::newRow("many ahead, one before leaves") << 100 << 199 << 2 << true;

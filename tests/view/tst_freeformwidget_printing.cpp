@@ -272,6 +272,7 @@ private Q_SLOTS:
     void pixmapIsFilledWithTheBaseColourOfTheColourGroup();
     void pixmapOfNothingIsNull_data();
     void pixmapOfNothingIsNull();
+    void pixmapThatIsTooLargeIsNull();
     void figuresAreValidatedBeforeAPixmapIsMade();
 };
 
@@ -717,6 +718,15 @@ void tst_FreeformWidgetPrinting::pixmapOfNothingIsNull()
     QCOMPARE(widget.printToPixmap(layer).isNull(), isNull);
 
     QCOMPARE(document.layer.renderings.isEmpty(), isNull);
+}
+
+void tst_FreeformWidgetPrinting::pixmapThatIsTooLargeIsNull()
+{
+    Document document;
+
+    const QPixmap pixmap = document.widget()->printToPixmap(sheet, QRect(0, 0, 1 << 30, 1 << 30));
+
+    QVERIFY(pixmap.isNull());
 }
 
 void tst_FreeformWidgetPrinting::figuresAreValidatedBeforeAPixmapIsMade()
