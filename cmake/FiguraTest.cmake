@@ -15,7 +15,7 @@ if(FIGURA_SANITIZE)
     list(
         APPEND
         FIGURA_TEST_ENVIRONMENT
-        ASAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/address.supp:detect_stack_use_after_return=1
+        ASAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/address.supp:detect_stack_use_after_return=1:allocator_may_return_null=1
         UBSAN_OPTIONS=print_stacktrace=1
         LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leak.supp:print_suppressions=0
     )

@@ -204,10 +204,10 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
     addRows("freeform", freeform, "first::resolveBounds", parts, measure);
     addRows("freeform", freeform, "second::resolveBounds", parts, measure);
     addRows("unwatched freeform", unwatched, "first::resolveBounds", parts, ask);
-    for (const Maker &box : {row, column}) {
-        addRows(box()->metaObject()->className(), box, "first::getMinimumSize", parts, constrain);
-        addRows(box()->metaObject()->className(), box, "first::setBounds", parts, constrain);
-        addRows(box()->metaObject()->className(), box, "first::getPreferredSize", parts, layOut);
+    for (const auto &[name, box] : {std::pair("row", row), std::pair("column", column)}) {
+        addRows(name, box, "first::getMinimumSize", parts, constrain);
+        addRows(name, box, "first::setBounds", parts, constrain);
+        addRows(name, box, "first::getPreferredSize", parts, layOut);
     }
     addRows("XY", xy, "container::resolveBounds", parts, layOut);
     addRows("XY", xy, "first::removeNotify", parts, remove);
