@@ -304,7 +304,8 @@ void ChildTable::checkFound(const QList<QRect> &rects,
             !area.isValid() || std::any_of(rects.begin(), rects.end(), [&area](const QRect &rect) {
                 return area.intersects(rect);
             });
-        if (isConcerned && !std::binary_search(found.begin(), found.end(), record, liesBelow))
+        const bool isFound = std::binary_search(found.begin(), found.end(), record, liesBelow);
+        if (isConcerned && !isFound)
             qFatal("ChildGrid does not know where a child is");
     }
 }
