@@ -7,6 +7,7 @@
 #include <figura/layout/Layout.h>
 #include <figura/shape/Shape.h>
 #include <figura/shape/TextFigure.h>
+#include <figura/view/FreeformLayeredPane.h>
 
 #include <QPainter>
 
@@ -76,11 +77,15 @@ int reachOfLine(const Shape &shape, const PathSource::Outline &outline, const QR
     return std::max(1, static_cast<int>(std::floor(excess(line, bounds))) + 1);
 }
 
+QRect absolute(Figure &figure, QRect rect)
+{
+    figure.translateToAbsolute(rect);
+    return rect;
+}
+
 QRect absoluteContent(Figure &figure)
 {
-    QRect rect = figure.getBoundingRect();
-    figure.translateToAbsolute(rect);
-    return figure.calculateContentRect(rect);
+    return figure.calculateContentRect(absolute(figure, figure.getBoundingRect()));
 }
 
 } // namespace
@@ -143,12 +148,14 @@ int PaintReach::measure(Figure &figure, const QRect &boundingRect)
 }
 
 // Figures of the application that draw by themselves are taken to stay inside their bounds.
-int PaintReach::measureLook(const Figure &figure, const QRect &boundingRect)
+int PaintReach::measureLook(Figure &figure, const QRect &boundingRect)
 {
     if (const auto *shape = qobject_cast<const Shape *>(&figure))
         return reachOfLine(*shape, PathSource::outlineOf(shape), boundingRect);
     if (const auto *text = qobject_cast<const TextFigure *>(&figure))
         return text->m_inkReach;
+    if (const auto *pane = qobject_cast<const FreeformLayeredPane *>(&figure))
+        return std::min(pane->gridReach(absolute(figure, boundingRect)), int(longestReach));
     return 0;
 }
 

@@ -62,7 +62,7 @@ public:
 private:
     static void raise(Figure &figure, int reach);
     static int measure(Figure &figure, const QRect &boundingRect);
-    static int measureLook(const Figure &figure, const QRect &boundingRect);
+    static int measureLook(Figure &figure, const QRect &boundingRect);
     static int measureChildren(Figure &figure, const QRect &boundingRect);
     static void noteInParents(Figure &figure, const QRect &boundingRect);
 };

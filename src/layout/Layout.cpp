@@ -318,7 +318,7 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
     const QPointer<Layout> alive(this);
     if (!m_laidOut)
         layout(m_figure);
-    if (!alive || !m_laidOut || !m_figure)
+    if (!alive || !m_figure || !m_laidOut)
         return;
 
     painter->save();

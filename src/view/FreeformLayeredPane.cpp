@@ -38,6 +38,23 @@ QRect damagedPart(const QPainter *painter, const QRect &rect)
     return painter->hasClipping() ? damage & painter->clipBoundingRect().toAlignedRect() : damage;
 }
 
+bool hasGrid(bool isDrawn, int snapSize)
+{
+    return isDrawn && snapSize >= 2;
+}
+
+int mainSpacing(int snapSize)
+{
+    return std::min(snapSize, std::numeric_limits<int>::max() / 5) * 5;
+}
+
+// The first lines lie before a positive corner, where the grid would be if it went on.
+QRect withFirstLines(const QRect &rect, int spacing)
+{
+    return rect.adjusted(-std::max(rect.left() % spacing, 0), -std::max(rect.top() % spacing, 0), 0,
+                         0);
+}
+
 /// The grid along one axis: where it has lines, and from where to where the others run along it.
 /// Only for the damaged part, lest a pane that is far larger than the window had millions of lines.
 class GridRange
@@ -161,7 +178,7 @@ void FreeformLayeredPane::setSnapSize(int size)
 void FreeformLayeredPane::drawBackground(QPainter *painter,
                                          const QStyleOptionViewItem &option) const
 {
-    if (!painter || !m_drawGrid || m_snapSize < 2 || !option.rect.isValid())
+    if (!painter || !hasGrid(m_drawGrid, m_snapSize) || !option.rect.isValid())
         return;
 
     painter->save();
@@ -175,7 +192,7 @@ void FreeformLayeredPane::drawMainGrid(QPainter *painter, const QStyleOptionView
     if (!painter)
         return;
     painter->setPen(QPen(Qt::gray, 1, Qt::SolidLine));
-    drawGrid(painter, option.rect, std::min(m_snapSize, std::numeric_limits<int>::max() / 5) * 5);
+    drawGrid(painter, option.rect, mainSpacing(m_snapSize));
 }
 
 void FreeformLayeredPane::drawSubGrid(QPainter *painter, const QStyleOptionViewItem &option) const
@@ -191,7 +208,7 @@ void FreeformLayeredPane::drawGrid(QPainter *painter, const QRect &rect, int spa
     if (spacing < 1)
         return;
 
-    const QRect damage = damagedPart(painter, rect);
+    const QRect damage = damagedPart(painter, withFirstLines(rect, spacing));
     const GridRange across(rect.left(), rect.right(), damage.left(), damage.right(), spacing);
     const GridRange down(rect.top(), rect.bottom(), damage.top(), damage.bottom(), spacing);
 
@@ -201,6 +218,15 @@ void FreeformLayeredPane::drawGrid(QPainter *painter, const QRect &rect, int spa
     for (qint64 x = across.first(); x <= across.last(); x += spacing)
         lines.append(QLine(int(x), down.from(), int(x), down.to()));
     painter->drawLines(lines);
+}
+
+// The main grid begins farthest out: all its lines are lines of the other one as well.
+int FreeformLayeredPane::gridReach(const QRect &rect) const
+{
+    if (!hasGrid(m_drawGrid, m_snapSize))
+        return 0;
+    const QRect lined = withFirstLines(rect, mainSpacing(m_snapSize));
+    return std::max(rect.left() - lined.left(), rect.top() - lined.top());
 }
 
 // Also for a layer that the base refused; only an empty key prevents the watch. Meant so.

@@ -3,6 +3,7 @@
 #include <figura/view/FreeformWidget.h>
 
 #include <QEvent>
+#include <QRegion>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -156,6 +157,9 @@ void FreeformViewer::resizeEvent(QResizeEvent *event)
     if (!self)
         return;
     QScrollArea::resizeEvent(event);
+    // The scroll area paints the corner between its bars, but asks for nothing when it moves it.
+    // One that is resized while it is being resized does so only after the window was painted.
+    update(QRegion(rect()) - viewport()->geometry());
     refreshHighlight();
 }
 

@@ -284,6 +284,7 @@ private Q_SLOTS:
     void childMayBeRemovedByAListenerOfItsRemoval();
     void containerMayBeDestroyedByAListener_data();
     void containerMayBeDestroyedByAListener();
+    void containerMayBeDestroyedWhileAPaintLaysItOut();
     void layoutMayBeDestroyedByAListener_data();
     void layoutMayBeDestroyedByAListener();
     void locatorMayRemoveItsTarget();
@@ -813,6 +814,24 @@ void tst_LayoutLifetime::containerMayBeDestroyedByAListener()
     QVERIFY(!container);
     QCOMPARE(layout.getFigure(), nullptr);
     QCOMPARE(layout.childFigureCount(), 0);
+}
+
+void tst_LayoutLifetime::containerMayBeDestroyedWhileAPaintLaysItOut()
+{
+    ProbeLayout layout;
+    QPointer<Figure> container = new Figure;
+    container->setLayoutManager(&layout);
+    container->setBounds(QRect(0, 0, 50, 50));
+    CountingFigure child;
+    child.setBounds(QRect(10, 10, 20, 20));
+    layout.add(&child, 1);
+    layout.whilePerforming = [&]() { delete container; };
+
+    renderLayout(&layout);
+
+    QVERIFY(!container);
+    QCOMPARE(layout.clientAreas.size(), 1);
+    QCOMPARE(child.calls().render, 0);
 }
 
 void tst_LayoutLifetime::layoutMayBeDestroyedByAListener_data()

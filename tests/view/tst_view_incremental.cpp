@@ -51,6 +51,27 @@ public:
     QImage full() { return scene.viewer.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 };
 
+// Has its own idea of how wide the viewer is to be, and says so while it is being resized.
+class Widener : public QObject
+{
+public:
+    explicit Widener(QWidget &window)
+        : m_window(window)
+    {
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize && m_window.width() < leastWidth)
+            m_window.resize(leastWidth, m_window.height());
+        return false;
+    }
+
+private:
+    static constexpr int leastWidth = 260;
+    QWidget &m_window;
+};
+
 // Figures of all sorts that a random hand moves about.
 class Crowd
 {
@@ -178,6 +199,9 @@ private Q_SLOTS:
     void changesLeaveThePixelsOfAFullRepaint();
     void scrolledViewLeavesThePixelsOfAFullRepaint();
     void changedGridLeavesThePixelsOfAFullRepaint();
+    void gridThatBeginsBeforeItsPaneLeavesThePixelsOfAFullRepaint_data();
+    void gridThatBeginsBeforeItsPaneLeavesThePixelsOfAFullRepaint();
+    void cornerOfTheScrollBarsFollowsAWindowThatIsResizedTwiceAtOnce();
     void scrolledHighlightLeavesThePixelsOfAFullRepaint_data();
     void scrolledHighlightLeavesThePixelsOfAFullRepaint();
     void movedFigureLeavesNoTrailAtAnyScale_data();
@@ -251,6 +275,69 @@ void tst_ViewIncremental::changedGridLeavesThePixelsOfAFullRepaint()
     }
     screen.scene.pane.setDrawGrid(false);
     const QImage incremental = screen.incremental();
+    QVERIFY(differenceOf(incremental, screen.full()).isNull());
+}
+
+void tst_ViewIncremental::gridThatBeginsBeforeItsPaneLeavesThePixelsOfAFullRepaint_data()
+{
+    QTest::addColumn<int>("snapSize");
+    QTest::addColumn<double>("scale");
+    for (int snapSize : {2, 7, 10}) {
+        for (double scale : {0.5, 1.0, 1.25, 2.0})
+            QTest::addRow("snap size %d, scale %g", snapSize, scale) << snapSize << scale;
+    }
+}
+
+// The first lines lie up to one spacing before a corner in the positive.
+void tst_ViewIncremental::gridThatBeginsBeforeItsPaneLeavesThePixelsOfAFullRepaint()
+{
+    QFETCH(int, snapSize);
+    QFETCH(double, scale);
+    Screen screen;
+    QVERIFY(screen.isShown);
+    FreeformLayeredPane &pane = screen.scene.pane;
+    screen.scene.addFigure(QRect(0, 0, 400, 300), Qt::transparent);
+    screen.scene.viewer.setScale(scale);
+    pane.setFreeformBounds(QRect(138, 89, 150, 120));
+    screen.incremental();
+
+    pane.setSnapSize(snapSize);
+    pane.setDrawGrid(true);
+    const QImage shown = screen.incremental();
+    QVERIFY(differenceOf(shown, screen.full()).isNull());
+
+    // Only what lies before the pane.
+    const QRect inner = screen.scene.widget()->fromLogical(QRectF(pane.getBounds())).toRect();
+    screen.scene.widget()->update(QRect(0, 0, inner.left(), inner.bottom()));
+    screen.scene.widget()->update(QRect(0, 0, inner.right(), inner.top()));
+    const QImage paintedInPart = screen.incremental();
+    QVERIFY(differenceOf(paintedInPart, shown).isNull());
+
+    pane.setDrawGrid(false);
+    const QImage withoutGrid = screen.incremental();
+    QVERIFY(differenceOf(withoutGrid, screen.full()).isNull());
+    QVERIFY(!differenceOf(withoutGrid, shown).isNull());
+}
+
+void tst_ViewIncremental::cornerOfTheScrollBarsFollowsAWindowThatIsResizedTwiceAtOnce()
+{
+    Screen screen;
+    QVERIFY(screen.isShown);
+    FreeformViewer &viewer = screen.scene.viewer;
+    viewer.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    viewer.setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    screen.scene.addFigure(QRect(0, 0, 900, 800), Qt::red);
+    viewer.resize(300, 150);
+    screen.incremental();
+    Widener widener(viewer);
+    viewer.viewport()->installEventFilter(&widener);
+
+    viewer.resize(253, 120);
+    viewer.repaint(); // the scroll area arranges its parts for the second size only later
+
+    const QImage incremental = screen.incremental();
+    QCOMPARE(incremental.width(), 260);
+    QVERIFY(screen.scene.verticalBar()->isVisible() && screen.scene.horizontalBar()->isVisible());
     QVERIFY(differenceOf(incremental, screen.full()).isNull());
 }
 

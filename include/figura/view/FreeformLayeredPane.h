@@ -9,6 +9,7 @@
 namespace Velmora::Figura {
 
 class FreeformStackLayout;
+class PaintReach;
 
 /// The content of a viewer: freeform layers on one canvas, with an optional grid behind them.
 class FIGURA_EXPORT FreeformLayeredPane : public LayeredPane, public IFreeformFigure
@@ -52,6 +53,9 @@ protected:
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
+    friend class PaintReach; // asks how far the grid begins before the corner
+
+    int gridReach(const QRect &rect) const;
     void drawGrid(QPainter *painter, const QRect &rect, int spacing) const;
     void watchExtent(Layer *layer, const QString &key);
 
