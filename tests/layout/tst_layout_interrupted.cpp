@@ -14,9 +14,7 @@
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
 
-#include <QPainter>
 #include <QPointer>
-#include <QStyleOptionViewItem>
 #include <QTest>
 
 #include <functional>
@@ -170,7 +168,6 @@ private Q_SLOTS:
     void childrenThatAnswerForThemselvesAreFound();
     void childrenOfAnySizeAreFound_data();
     void childrenOfAnySizeAreFound();
-    void figureMayGoWhilePaintingLaysItOut();
     void childrenThatBecomeStaleDuringAPassAreInTime_data();
     void childrenThatBecomeStaleDuringAPassAreInTime();
 };
@@ -475,23 +472,6 @@ void tst_LayoutInterrupted::childrenOfAnySizeAreFound()
     parent.add(&special, rect);
 
     QCOMPARE(parent.findFigures(searched, false).contains(&special), isThere);
-}
-
-void tst_LayoutInterrupted::figureMayGoWhilePaintingLaysItOut()
-{
-    ProbeLayout layout;
-    auto *figure = new Figure;
-    figure->setBounds(QRect(0, 0, 50, 50));
-    figure->setLayoutManager(&layout);
-    layout.whilePerforming = [figure] { delete figure; };
-    QImage image(50, 50, QImage::Format_RGB32);
-    QPainter painter(&image);
-    QStyleOptionViewItem option;
-    option.rect = QRect(0, 0, 50, 50);
-
-    layout.render(&painter, option);
-
-    QVERIFY(!layout.getFigure());
 }
 
 void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime_data()
