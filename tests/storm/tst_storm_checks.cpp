@@ -187,6 +187,8 @@ private Q_SLOTS:
     void droppedFigureIsMissedUntilItIsValid();
     void figureThatIsInvalidOnceMoreWasNotDropped();
     void figuresThatDisturbEachOtherAreLetGoOf();
+    void turnToComeIsNotForgottenWhenAPaintIsQuicker();
+    void figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain();
     void formerContentMayStayAttached();
     void childrenThatComeWhileALayoutIsChangedStayBehind();
 };
@@ -375,6 +377,40 @@ void tst_StormChecks::figuresThatDisturbEachOtherAreLetGoOf()
 
     QVERIFY(!first->getFlag(Figure::FLAG_VALID) || !second->getFlag(Figure::FLAG_VALID));
     QCOMPARE(fault, QByteArray());
+}
+
+// It was dropped in the second turn of others, so that its own one is still to come.
+void tst_StormChecks::turnToComeIsNotForgottenWhenAPaintIsQuicker()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.takeTurns();
+    ledger.record({&figure});
+    figure.validate();
+    ledger.grantTurns();
+    ledger.record({});
+    figure.invalidate();
+
+    ledger.takeTurns();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>());
+}
+
+void tst_StormChecks::figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.record({&figure});
+    figure.validate();
+
+    ledger.takeTurns();
+    figure.invalidate();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
 }
 
 // As documented: a viewer that goes tells nobody.

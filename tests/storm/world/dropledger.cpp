@@ -14,6 +14,13 @@ bool isValid(const Figure *figure)
     return figure->getFlag(Figure::FLAG_VALID);
 }
 
+bool isValidUpToTheRoot(const Figure *figure)
+{
+    while (figure && isValid(figure))
+        figure = figure->getParentFigure();
+    return !figure;
+}
+
 } // namespace
 
 void DropLedger::record(const QList<QPointer<Figure>> &late)
@@ -29,6 +36,7 @@ void DropLedger::record(const QList<QPointer<Figure>> &late)
         ++drop.passes;
         drop.isLost = !isValid(figure);
         drop.hadTurn = drop.hadTurn && m_isTurn;
+        drop.isDue = drop.isDue || !(drop.hadTurn || isValidUpToTheRoot(figure));
     }
 }
 
@@ -51,22 +59,30 @@ void DropLedger::noteServed()
 }
 
 // Of those that are valid nothing is remembered, and those that were let go of have another chance;
-// not those whose turn is still to come, which is the only one that they have.
+// not those whose turn is still to come, which is the only one that they have, whatever a paint
+// that was quicker has made of them.
 void DropLedger::grantTurns()
 {
     m_isTurn = false;
-    m_drops.removeIf([](const Drop &drop) { return !drop.figure || isValid(drop.figure); });
+    m_drops.removeIf(
+        [](const Drop &drop) { return !drop.figure || (isValid(drop.figure) && !drop.isDue); });
     for (Drop &drop : m_drops) {
         if (drop.passes > 1 && drop.hadTurn)
             drop.passes = 0;
     }
 }
 
+// Those that are valid by then do not need theirs, and have another one when they are dropped
+// again.
 void DropLedger::takeTurns()
 {
     m_isTurn = true;
-    for (Drop &drop : m_drops)
+    m_drops.removeIf(
+        [](const Drop &drop) { return !drop.figure || (isValid(drop.figure) && !drop.hadTurn); });
+    for (Drop &drop : m_drops) {
         drop.hadTurn = true;
+        drop.isDue = false;
+    }
 }
 
 // One that is queued by every pass, or by every other one as two that disturb each other, is let go

@@ -32,6 +32,7 @@ private:
         int passes = 0;      ///< It was queued during so many since it was granted a turn,
         bool isLost = false; ///< and has been invalid since the end of the latest.
         bool hadTurn = false;
+        bool isDue = false; // its second turn is still to come
     };
 
     Drop &entryOf(Figure *figure);
