@@ -2,6 +2,7 @@
 
 #include "layout/childtable_p.h"
 #include "shape/pathsource_p.h"
+#include "view/grid_p.h"
 
 #include <figura/figure/SimpleBorder.h>
 #include <figura/layout/Layout.h>
@@ -155,8 +156,15 @@ int PaintReach::measureLook(Figure &figure, const QRect &boundingRect)
     if (const auto *text = qobject_cast<const TextFigure *>(&figure))
         return text->m_inkReach;
     if (const auto *pane = qobject_cast<const FreeformLayeredPane *>(&figure))
-        return std::min(pane->gridReach(absolute(figure, boundingRect)), int(longestReach));
+        return measureGrid(*pane, absolute(figure, boundingRect));
     return 0;
+}
+
+int PaintReach::measureGrid(const FreeformLayeredPane &pane, const QRect &absoluteRect)
+{
+    if (!hasGrid(pane.m_drawGrid, pane.m_snapSize))
+        return 0;
+    return std::min(gridReach(absoluteRect, pane.m_snapSize), int(longestReach));
 }
 
 int PaintReach::measureChildren(Figure &figure, const QRect &boundingRect)

@@ -7,6 +7,7 @@ class QPainter;
 namespace Velmora::Figura {
 
 class Figure;
+class FreeformLayeredPane;
 class Layout;
 
 /// How far figures paint beyond their bounding rectangles, in figure units on each side.
@@ -63,6 +64,7 @@ private:
     static void raise(Figure &figure, int reach);
     static int measure(Figure &figure, const QRect &boundingRect);
     static int measureLook(Figure &figure, const QRect &boundingRect);
+    static int measureGrid(const FreeformLayeredPane &pane, const QRect &absoluteRect);
     static int measureChildren(Figure &figure, const QRect &boundingRect);
     static void noteInParents(Figure &figure, const QRect &boundingRect);
 };

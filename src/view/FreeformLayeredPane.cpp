@@ -1,6 +1,7 @@
 #include <figura/view/FreeformLayeredPane.h>
 
 #include "figure/paintregion_p.h"
+#include "grid_p.h"
 
 #include <figura/layout/FreeformStackLayout.h>
 #include <figura/view/FreeformLayer.h>
@@ -12,7 +13,6 @@
 #include <QStyleOptionViewItem>
 
 #include <algorithm>
-#include <limits>
 
 namespace Velmora::Figura {
 namespace {
@@ -36,23 +36,6 @@ QRect damagedPart(const QPainter *painter, const QRect &rect)
     for (const QRect &part : PaintRegion::rectsFor(painter, rect))
         damage |= part;
     return painter->hasClipping() ? damage & painter->clipBoundingRect().toAlignedRect() : damage;
-}
-
-bool hasGrid(bool isDrawn, int snapSize)
-{
-    return isDrawn && snapSize >= 2;
-}
-
-int mainSpacing(int snapSize)
-{
-    return std::min(snapSize, std::numeric_limits<int>::max() / 5) * 5;
-}
-
-// The first lines lie before a positive corner, where the grid would be if it went on.
-QRect withFirstLines(const QRect &rect, int spacing)
-{
-    return rect.adjusted(-std::max(rect.left() % spacing, 0), -std::max(rect.top() % spacing, 0), 0,
-                         0);
 }
 
 /// The grid along one axis: where it has lines, and from where to where the others run along it.
@@ -218,15 +201,6 @@ void FreeformLayeredPane::drawGrid(QPainter *painter, const QRect &rect, int spa
     for (qint64 x = across.first(); x <= across.last(); x += spacing)
         lines.append(QLine(int(x), down.from(), int(x), down.to()));
     painter->drawLines(lines);
-}
-
-// The main grid begins farthest out: all its lines are lines of the other one as well.
-int FreeformLayeredPane::gridReach(const QRect &rect) const
-{
-    if (!hasGrid(m_drawGrid, m_snapSize))
-        return 0;
-    const QRect lined = withFirstLines(rect, mainSpacing(m_snapSize));
-    return std::max(rect.left() - lined.left(), rect.top() - lined.top());
 }
 
 // Also for a layer that the base refused; only an empty key prevents the watch. Meant so.

@@ -53,9 +53,8 @@ protected:
     void drawBackground(QPainter *painter, const QStyleOptionViewItem &option) const override;
 
 private:
-    friend class PaintReach; // asks how far the grid begins before the corner
+    friend class PaintReach; // asks for the grid
 
-    int gridReach(const QRect &rect) const;
     void drawGrid(QPainter *painter, const QRect &rect, int spacing) const;
     void watchExtent(Layer *layer, const QString &key);
 
