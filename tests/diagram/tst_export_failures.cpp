@@ -1,5 +1,7 @@
 #include "diagram_fixtures.h"
 
+#include <fulldisk.h>
+
 #include <QBuffer>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -8,9 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
 #include <functional>
-#include <sys/resource.h>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -50,24 +50,6 @@ protected:
 
 private:
     qint64 m_room;
-};
-
-/// Lets files grow no further than to some bytes, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit tight{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
 };
 
 /// Does something while it is painted.

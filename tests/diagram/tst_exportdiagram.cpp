@@ -1,5 +1,7 @@
 #include "diagram_fixtures.h"
 
+#include <fulldisk.h>
+
 #include <golden.h>
 
 #include <QBuffer>
@@ -12,9 +14,6 @@
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Velmora::Figura;
 using namespace Velmora::Figura::Test;
@@ -122,24 +121,6 @@ bool isNear(const QRect &a, const QRect &b, int tolerance)
     return b.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(a) &&
            a.adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(b);
 }
-
-// Lets files grow no further than to some bytes, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit tight{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
 
 } // namespace
 

@@ -5,6 +5,8 @@
 #include "files/Recovery.h"
 #include "model/Document.h"
 
+#include <fulldisk.h>
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -16,11 +18,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
-
 using namespace Editor;
 using namespace Editor::EditorFixtures;
+using Velmora::Figura::Test::FullDisk;
 
 class tst_EditorFiles : public QObject
 {
@@ -123,24 +123,6 @@ QByteArray nested(const QByteArray &bytes, QRandomGenerator &random)
     const int depth = 1 + random.bounded(5000);
     return withNumber(bytes, QByteArray(depth, '[') + QByteArray(depth, ']'), random);
 }
-
-// Lets files grow no further than to some bytes, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit tight{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before{};
-};
 
 using Damage = QByteArray (*)(QByteArray, QRandomGenerator &);
 
