@@ -1,5 +1,7 @@
 #include <figura/connection/ConnectionLayer.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionRouter.h>
 
@@ -17,7 +19,7 @@ ConnectionLayer::~ConnectionLayer() = default;
 bool ConnectionLayer::add(Figure *child, const QVariant &constraint, int index)
 {
     const QPointer<ConnectionLayer> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     const bool added = FreeformLayer::add(child, constraint, index);
     if (alive)
         handRouterTo(guarded);
@@ -27,7 +29,7 @@ bool ConnectionLayer::add(Figure *child, const QVariant &constraint, int index)
 bool ConnectionLayer::add(Figure *child, unsigned int vStretch, unsigned int hStretch, int index)
 {
     const QPointer<ConnectionLayer> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     const bool added = FreeformLayer::add(child, vStretch, hStretch, index);
     if (alive)
         handRouterTo(guarded);
@@ -46,7 +48,7 @@ void ConnectionLayer::handRouterTo(Figure *child)
 bool ConnectionLayer::remove(Figure *child)
 {
     const QPointer<ConnectionLayer> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     if (auto *connection = qobject_cast<IConnection *>(child))
         connection->setConnectionRouter(nullptr);
     return alive && FreeformLayer::remove(guarded);

@@ -1,6 +1,7 @@
 #include <figura/connection/Polyline.h>
 
 #include "connection/polyline_p.h"
+#include "figure/figureguard_p.h"
 
 namespace Velmora::Figura {
 
@@ -85,7 +86,7 @@ void Polyline::setEnd(const QPoint &point)
 
 void Polyline::setEndPoints(const QPoint &start, const QPoint &end)
 {
-    const QPointer<Polyline> alive(this);
+    const FigureGuard alive(this);
     setStart(start);
     if (alive)
         setEnd(end);

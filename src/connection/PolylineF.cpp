@@ -1,6 +1,7 @@
 #include <figura/connection/PolylineF.h>
 
 #include "connection/polyline_p.h"
+#include "figure/figureguard_p.h"
 
 namespace Velmora::Figura {
 
@@ -90,7 +91,7 @@ void PolylineF::setEnd(const QPointF &point)
 
 void PolylineF::setEndPoints(const QPointF &start, const QPointF &end)
 {
-    const QPointer<PolylineF> alive(this);
+    const FigureGuard alive(this);
     setStart(start);
     if (alive)
         setEnd(end);

@@ -2,6 +2,7 @@
 
 #include "figure/announcedobject_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/figureguard_p.h"
 #include "figure/paintreach_p.h"
 #include "layout/childtable_p.h"
 
@@ -67,7 +68,7 @@ void ConnectionCore::setAnchor(End &end, IConnectionAnchor *anchor)
         return;
 
     // Anchors may be the application's own, and destroy whom they are to tell, or one another.
-    const QPointer<Figure> alive(m_figure);
+    const FigureGuard alive(m_figure);
     const InterfacePointer<IConnectionAnchor> next(anchor);
     unhook(end);
     if (!alive)
@@ -110,7 +111,7 @@ void ConnectionCore::setRouter(IConnectionRouter *router)
         return;
 
     // Whoever is told may destroy the connection, and this with it, or one of the routers.
-    const QPointer<Figure> alive(m_figure);
+    const FigureGuard alive(m_figure);
     const AnnouncedObject<QObject> before(asObject(previous));
     const AnnouncedObject<QObject> after(asObject(next));
     const InterfacePointer<IConnectionRouter> adopted(next);
@@ -129,7 +130,7 @@ void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
     if (decoration == end.decoration.get())
         return;
 
-    const QPointer<Figure> alive(m_figure);
+    const FigureGuard alive(m_figure);
     const InterfacePointer<IRotatableDecoration> next(decoration);
     release(end.decoration.get());
     if (!alive)
@@ -148,7 +149,7 @@ void ConnectionCore::setDecoration(End &end, IRotatableDecoration *decoration)
 void ConnectionCore::release(IRotatableDecoration *decoration)
 {
     if (auto *figure = dynamic_cast<Figure *>(decoration)) {
-        const QPointer<Figure> released(figure);
+        const FigureGuard released(figure);
         m_figure->remove(figure);
         if (released)
             figure->deleteLater();
@@ -175,7 +176,7 @@ void ConnectionCore::updateBounds(const QRect &lineBounds)
     ChildTable::note(m_figure, Pending::Area);
     if (bounds.isNull())
         return;
-    const QPointer<Figure> figure(m_figure); // a slot may destroy the connection
+    const FigureGuard figure(m_figure); // a slot may destroy the connection
     figure->repaint(bounds);
     if (figure)
         Q_EMIT figure->figureMoved(figure);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "figure/childwalk_p.h"
+#include "figure/figureguard_p.h"
 #include "layout/childtable_p.h"
 #include "shape/pathsource_p.h"
 
@@ -130,7 +131,7 @@ public:
     {
         if (width == line->getLineWidth())
             return;
-        const QPointer<Line> alive(line);
+        const FigureGuard alive(line);
         if (width < line->getLineWidth())
             line->erase();
         if (alive)
@@ -175,9 +176,9 @@ private:
     template<class Line>
     static bool erase(Line *line)
     {
-        const QPointer<Line> alive(line);
+        const FigureGuard alive(line);
         line->erase();
-        return !alive.isNull();
+        return alive != nullptr;
     }
 
     /// The empty rectangle says nothing: the points alone make the path. False when a slot has
@@ -185,10 +186,10 @@ private:
     template<class Line>
     static bool announce(Line *line)
     {
-        const QPointer<Line> alive(line);
+        const FigureGuard alive(line);
         ChildTable::note(line, Pending::Area);
         Q_EMIT line->pathChanged(QRectF());
-        return !alive.isNull();
+        return alive != nullptr;
     }
 
     template<class Line>

@@ -1,5 +1,7 @@
 #include <figura/decoration/ArrowLocator.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/connection/IConnection.h>
 #include <figura/decoration/IRotatableDecoration.h>
 #include <figura/figure/Figure.h>
@@ -28,7 +30,7 @@ void ArrowLocator::relocate(Figure *target)
 
     // A decoration announces its new path each time, and a slot may destroy it, or this locator.
     const QPointer<ArrowLocator> alive(this);
-    const QPointer<Figure> guarded(target);
+    const FigureGuard guarded(target);
 
     // The tip goes to its place before the points are counted, on purpose.
     const int count = connection->getPointCount();

@@ -1,5 +1,7 @@
 #include <figura/decoration/ConnectionEndpointLocator.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
 #include <figura/figure/Figure.h>
@@ -142,7 +144,7 @@ void ConnectionEndpointLocator::relocate(Figure *target)
     m_transposer.setEnabled(side == below || side == above);
     const int sign = side == above || side == left ? -1 : 1;
     const QPointer<ConnectionEndpointLocator> alive(this);
-    const QPointer<Figure> guarded(target);
+    const FigureGuard guarded(target);
     const QSize preferred = target->getPreferredSize();
     if (!alive || !guarded) // figures are measured by the application's code
         return;

@@ -1,5 +1,7 @@
 #include <figura/decoration/Decoration.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/layout/ILocator.h>
 
 namespace Velmora::Figura {
@@ -60,7 +62,7 @@ QVariant Decoration::getConstraint() const
 
 void Decoration::addNotify()
 {
-    const QPointer<Decoration> alive(this);
+    const FigureGuard alive(this);
     Shape::addNotify();
     if (!alive)
         return;
@@ -94,7 +96,7 @@ void Decoration::ancestorAdded(Figure * /*ancestor*/) {}
 
 void Decoration::ancestorMoved(Figure * /*ancestor*/)
 {
-    const QPointer<Decoration> alive(this);
+    const FigureGuard alive(this);
     revalidate();
     if (alive)
         repaint();

@@ -1,5 +1,7 @@
 #include <figura/decoration/Locator.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/figure/Figure.h>
 
 namespace Velmora::Figura {
@@ -63,7 +65,7 @@ void Locator::relocate(Figure *target)
 
     // Both the measuring and the asking are left to subclasses, which may destroy either object.
     const QPointer<Locator> alive(this);
-    const QPointer<Figure> guarded(target);
+    const FigureGuard guarded(target);
     const QSize size = target->getPreferredSize();
     QPoint point = alive ? getReferencePoint() : QPoint();
     if (!alive || !guarded)

@@ -1,5 +1,7 @@
 #include <figura/decoration/RelativeLocator.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/figure/Figure.h>
 #include <figura/geometry/IPositionConstants.h>
 
@@ -80,7 +82,7 @@ void RelativeLocator::relocate(Figure *target)
     box.adjust(0, 0, 1, 1);
 
     const QPointer<RelativeLocator> alive(this);
-    const QPointer<Figure> guarded(target);
+    const FigureGuard guarded(target);
     const QSize size = target->getPreferredSize();
     if (!alive || !guarded) // figures are measured by the application's code
         return;

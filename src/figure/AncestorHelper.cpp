@@ -1,11 +1,13 @@
 #include <figura/figure/AncestorHelper.h>
 
 #include "ancestorhub_p.h"
+#include "signals_p.h"
 
 #include <figura/figure/Figure.h>
 
 #include <QVariant>
 
+#include <algorithm>
 #include <utility>
 
 namespace Velmora::Figura {
@@ -36,6 +38,10 @@ AncestorHelper::~AncestorHelper()
 
 void AncestorHelper::addAncestors(Figure *figure)
 {
+    std::size_t height = 0;
+    for (Figure *ancestor = figure; ancestor; ancestor = ancestor->getParentFigure())
+        ++height;
+    m_chain.reserve(m_chain.size() + height); // thousands watch, each at the same height
     for (Figure *ancestor = figure; ancestor; ancestor = ancestor->getParentFigure())
         hook(ancestor);
 }
@@ -47,7 +53,7 @@ void AncestorHelper::removeAncestors(Figure *figure)
     const int first = firstHook(figure);
     if (first < 0)
         return;
-    const QList<Hook> removed = m_chain.mid(first);
+    const std::vector<Hook> removed(m_chain.begin() + first, m_chain.end());
     m_chain.erase(m_chain.begin() + first, m_chain.end());
     for (const Hook &hook : removed)
         unhook(hook);
@@ -57,20 +63,22 @@ void AncestorHelper::removeAncestors(Figure *figure)
 void AncestorHelper::hook(Figure *figure)
 {
     Hook hook{figure, nullptr, {}};
-    if (figure == m_figure && m_chain.isEmpty()) {
+    if (figure == m_figure && m_chain.empty()) {
         hookDirectly(figure);
     } else {
         hook.hub = figure->ancestorHub();
         hook.place = hook.hub->add(this);
     }
-    m_chain.append(hook);
+    m_chain.push_back(hook);
 }
 
 void AncestorHelper::hookDirectly(Figure *figure)
 {
-    m_direct[0] = connect(figure, &Figure::figureMoved, this, &AncestorHelper::figureMoved);
-    m_direct[1] = connect(figure, &QObject::destroyed, this, &AncestorHelper::ancestorDestroyed);
-    m_direct[2] = connect(figure, &Figure::propertyChanged, this, &AncestorHelper::propertyChanged);
+    m_direct[0] = connectNormalized(figure, "figureMoved(Figure*)", this, "figureMoved(Figure*)");
+    m_direct[1] =
+        connectNormalized(figure, "destroyed(QObject*)", this, "ancestorDestroyed(QObject*)");
+    constexpr auto changed = "propertyChanged(QString,QVariant,QVariant)";
+    m_direct[2] = connectNormalized(figure, changed, this, changed);
 }
 
 void AncestorHelper::unhook(const Hook &hook)
@@ -85,11 +93,9 @@ void AncestorHelper::unhook(const Hook &hook)
 
 int AncestorHelper::firstHook(Figure *figure) const
 {
-    for (qsizetype i = 0; i < m_chain.size(); ++i) {
-        if (m_chain.at(i).figure == figure)
-            return static_cast<int>(i);
-    }
-    return -1;
+    const auto hook = std::find_if(m_chain.begin(), m_chain.end(),
+                                   [figure](const Hook &h) { return h.figure == figure; });
+    return hook == m_chain.end() ? -1 : static_cast<int>(hook - m_chain.begin());
 }
 
 // Also when the watched figure is gone already: a hub must not keep a helper that is destroyed.

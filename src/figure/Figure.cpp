@@ -1,14 +1,11 @@
 #include <figura/figure/Figure.h>
 
-#include "ancestorhub_p.h"
 #include "childwalk_p.h"
+#include "figureextras_p.h"
+#include "figureguard_p.h"
 #include "layout/childtable_p.h"
-#include "listenerconnections_p.h"
 
-#include <figura/figure/AncestorHelper.h>
-#include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
-#include <figura/view/UpdateManager.h>
 
 namespace Velmora::Figura {
 
@@ -23,30 +20,41 @@ Figure::Figure(QObject *parent, const QColor &backgroundColor)
 Figure::~Figure()
 {
     // First of all: the helper lets go of this figure through operations that still work here.
-    delete m_ancestorHelper;
+    if (m_extras)
+        m_extras->ancestorHelper.reset();
     // Nothing else asks for the pixels of a figure that is deleted while it is shown.
     Figure::erase();
     ChildTable::figureDestroyed(this);
+    FigureGuard::figureDestroyed(this);
+}
+
+FigureExtras &Figure::extras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<FigureExtras>();
+    return *m_extras;
 }
 
 Border *Figure::getBorder() const
 {
-    return m_border;
+    return m_extras ? m_extras->border.data() : nullptr;
 }
 
 void Figure::setBorder(Border *border)
 {
-    m_border = border;
+    if (m_extras || border)
+        extras().border = border;
 }
 
 int Figure::getMargin() const
 {
-    return m_margin;
+    return m_extras ? m_extras->margin : 0;
 }
 
 void Figure::setMargin(int margin)
 {
-    m_margin = qMax(margin, 0);
+    if (m_extras || margin > 0)
+        extras().margin = qMax(margin, 0);
 }
 
 bool Figure::isEnabled() const
@@ -78,23 +86,26 @@ void Figure::setBackgroundColor(const QColor &color)
 
 Figure *Figure::getTooltip() const
 {
-    return m_tooltip;
+    return m_extras ? m_extras->tooltip.data() : nullptr;
 }
 
 void Figure::setTooltip(Figure *tooltip)
 {
-    m_tooltip = tooltip;
+    if (m_extras || tooltip)
+        extras().tooltip = tooltip;
 }
 
 Qt::Orientations Figure::expandingDirections()
 {
     Layout *layout = getLayoutManager();
-    return layout ? layout->expandingDirections() : m_expandingDirections;
+    if (layout)
+        return layout->expandingDirections();
+    return m_extras ? m_extras->expandingDirections : Qt::Orientations();
 }
 
 void Figure::setExpandingDirections(Qt::Orientations directions)
 {
-    m_expandingDirections = directions & (Qt::Horizontal | Qt::Vertical);
+    extras().expandingDirections = directions & (Qt::Horizontal | Qt::Vertical);
 }
 
 bool Figure::getFlag(int mask) const
@@ -131,25 +142,26 @@ void Figure::noteArea() const
 
 int Figure::getHighlightStyle() const
 {
-    return m_highlightStyle;
+    return m_extras ? m_extras->highlightStyle : IStyleConstants::HIGHLIGHT_RUBBERBAND;
 }
 
 void Figure::setHighlightStyle(int style)
 {
-    m_highlightStyle = style;
-    if (m_clientAreaHighlighted)
+    extras().highlightStyle = style;
+    if (isClientAreaHighlighted())
         repaint();
 }
 
 void Figure::highlightClientArea(bool on)
 {
-    m_clientAreaHighlighted = on;
+    if (m_extras || on)
+        extras().isClientAreaHighlighted = on;
     repaint();
 }
 
 bool Figure::isClientAreaHighlighted() const
 {
-    return m_clientAreaHighlighted;
+    return m_extras && m_extras->isClientAreaHighlighted;
 }
 
 } // namespace Velmora::Figura

@@ -3,9 +3,10 @@
 #include <figura/figure/Figure.h>
 
 #include "childwalk_p.h"
+#include "figureextras_p.h"
+#include "figureguard_p.h"
 #include "paintreach_p.h"
 
-#include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
 
 namespace Velmora::Figura {
@@ -24,11 +25,21 @@ bool refuse(const char *message)
 
 } // namespace
 
+QSize Figure::ownMinimumSize() const
+{
+    return m_extras ? m_extras->minimumSize : FigureExtras::leastSize;
+}
+
+QSize Figure::ownMaximumSize() const
+{
+    return m_extras ? m_extras->maximumSize : FigureExtras::greatestSize;
+}
+
 QSize Figure::getMinimumSize()
 {
     QSize size(0, 0);
     if (Layout *layout = getLayoutManager()) {
-        const QPointer<Figure> alive(this);
+        const FigureGuard alive(this);
         const QSize needed = layout->getMinimumSize();
         if (!alive)
             return needed;
@@ -36,29 +47,29 @@ QSize Figure::getMinimumSize()
         if (Border *border = getBorder(); border && size.isValid())
             border->getInsets().addTo(size);
     }
-    return size.expandedTo(m_minimumSize);
+    return size.expandedTo(ownMinimumSize());
 }
 
 bool Figure::setMinimumSize(const QSize &size)
 {
-    if (!fits(size, m_maximumSize))
+    if (!fits(size, ownMaximumSize()))
         return refuse("Figure::setMinimumSize(): size out of bound");
 
-    m_minimumSize = size;
+    extras().minimumSize = size;
     return true;
 }
 
 QSize Figure::getMaximumSize()
 {
-    return m_maximumSize;
+    return ownMaximumSize();
 }
 
 bool Figure::setMaximumSize(const QSize &size)
 {
-    if (!fits(m_minimumSize, size))
+    if (!fits(ownMinimumSize(), size))
         return refuse("Figure::setMaximumSize(): size out of bound");
 
-    m_maximumSize = size;
+    extras().maximumSize = size;
     return true;
 }
 
@@ -68,7 +79,7 @@ QSize Figure::getPreferredSize()
         return m_preferredSize;
 
     // Layouts and contents are measured by the application's code, which may destroy this figure.
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     Layout *layout = getLayoutManager();
     const bool useContent = !layout || getFlag(FLAG_USE_CONTENT_SIZE);
     const QSize needed = useContent ? calculateContentSize() : layout->getPreferredSize();
@@ -86,7 +97,7 @@ QSize Figure::getPreferredSize()
 
 bool Figure::setPreferredSize(const QSize &size)
 {
-    if (!fits(m_minimumSize, size) || !fits(size, m_maximumSize))
+    if (!fits(ownMinimumSize(), size) || !fits(size, ownMaximumSize()))
         return refuse("Figure::setPreferredSize(): size out of bound");
 
     m_preferredSize = size;
@@ -125,7 +136,7 @@ QSize &Figure::removeMargin(QSize &size) const
 
 QRect Figure::getClientArea()
 {
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     const QRect bounds = resolveBounds(getBounds());
     return alive && bounds.isValid() ? calculateContentRect(bounds) : bounds;
 }
@@ -177,7 +188,7 @@ QRect Figure::getBoundingRect()
 void Figure::setBounds(const QRect &rect)
 {
     // Whoever is asked for a size or told of a move, that of a child too, may destroy this figure.
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     const QRect bounds = resolveBounds(rect);
     if (!alive)
         return;
@@ -212,7 +223,7 @@ void Figure::primTranslate(int dx, int dy)
 
 void Figure::translate(int dx, int dy)
 {
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     if (!useLocalCoordinates())
         primTranslate(dx, dy);
     if (!alive)

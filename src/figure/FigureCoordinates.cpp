@@ -59,6 +59,8 @@ Value &toRelative(const Figure &figure, Value &value)
 
 bool Figure::useLocalCoordinates() const
 {
+    if (isLayoutDue())
+        return false; // as the layout would say
     Layout *layout = getLayoutManager();
     return !layout || layout->isRelativeLayout();
 }

@@ -3,11 +3,9 @@
 
 #include <figura/figure/Figure.h>
 
-#include "ancestorhub_p.h"
-#include "listenerconnections_p.h"
+#include "figureextras_p.h"
 #include "signals_p.h"
 
-#include <figura/figure/AncestorHelper.h>
 #include <figura/figure/IAncestorListener.h>
 #include <figura/figure/IPropertyChangeListener.h>
 
@@ -15,9 +13,10 @@ namespace Velmora::Figura {
 
 AncestorHub *Figure::ancestorHub()
 {
-    if (!m_ancestorHub)
-        m_ancestorHub = new AncestorHub(this);
-    return m_ancestorHub;
+    QPointer<AncestorHub> &hub = extras().ancestorHub;
+    if (!hub)
+        hub = new AncestorHub(this);
+    return hub;
 }
 
 void Figure::addAncestorListener(IAncestorListener *listener)
@@ -26,13 +25,14 @@ void Figure::addAncestorListener(IAncestorListener *listener)
     if (!object)
         return;
 
-    if (!m_ancestorHelper)
-        m_ancestorHelper = new AncestorHelper(this, AncestorHelper::Relay::ByCall);
-    ListenerConnections &made = ensure(m_ancestorConnections);
+    FigureExtras &own = extras();
+    if (!own.ancestorHelper)
+        own.ancestorHelper.reset(new AncestorHelper(this, AncestorHelper::Relay::ByCall));
+    ListenerConnections &made = ensure(own.ancestorConnections);
     for (const char *signature :
          {"ancestorAdded(Figure*)", "ancestorMoved(Figure*)", "ancestorRemoved(Figure*)"})
         made.add(object, connectNormalized(this, signature, object, signature));
-    ++m_ancestorListenerCount;
+    ++own.ancestorListenerCount;
 }
 
 void Figure::removeAncestorListener(IAncestorListener *listener)
@@ -41,10 +41,11 @@ void Figure::removeAncestorListener(IAncestorListener *listener)
     if (!object)
         return;
 
-    ensure(m_ancestorConnections).removeAll(object);
+    FigureExtras &own = extras();
+    ensure(own.ancestorConnections).removeAll(object);
     // The count goes down for a stranger too, on purpose: whoever removes must have added.
-    if (--m_ancestorListenerCount == 0)
-        delete m_ancestorHelper;
+    if (--own.ancestorListenerCount == 0)
+        own.ancestorHelper.reset();
 }
 
 void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
@@ -55,13 +56,13 @@ void Figure::addPropertyChangeListener(IPropertyChangeListener *listener)
 
     constexpr auto signature = "propertyChanged(QString,QVariant,QVariant)";
     const QMetaObject::Connection made = connectNormalized(this, signature, object, signature);
-    ensure(m_propertyConnections).add(object, made);
+    ensure(extras().propertyConnections).add(object, made);
 }
 
 void Figure::removePropertyChangeListener(IPropertyChangeListener *listener)
 {
     if (auto *object = dynamic_cast<QObject *>(listener))
-        ensure(m_propertyConnections).removeAll(object);
+        ensure(extras().propertyConnections).removeAll(object);
 }
 
 } // namespace Velmora::Figura

@@ -2,15 +2,16 @@
 
 #include <figura/figure/Figure.h>
 
+#include "figureextras_p.h"
+#include "figureguard_p.h"
 #include "layout/childagenda_p.h"
 #include "ownclass_p.h"
 #include "paintreach_p.h"
+#include "privateflags_p.h"
 #include "revalidation_p.h"
 #include "workcounters_p.h"
 
-#include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
-#include <figura/view/UpdateManager.h>
 
 #include <QApplication>
 #include <QPainter>
@@ -60,7 +61,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 
     PaintReach::refresh(*this, bounds);
     // Figures draw themselves by the application's code, which may destroy this one.
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     QStyleOptionViewItem part(option);
     part.rect = rect;
     drawOwn(painter, part);
@@ -73,7 +74,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     part.rect = PaintReach::childDamage(*this, content, option.rect);
     if (part.rect.isValid())
         drawChildren(painter, part);
-    if (alive && m_clientAreaHighlighted)
+    if (alive && m_extras && m_extras->isClientAreaHighlighted)
         drawHighlight(painter, option, content);
 }
 
@@ -81,8 +82,8 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
 {
     ++workCounters().painted;
-    const QPointer<Figure> alive(this);
-    const bool isRestored = !m_border && restoresPainter(this);
+    const FigureGuard alive(this);
+    const bool isRestored = !(m_extras && m_extras->border) && restoresPainter(this);
     if (!isRestored)
         painter->save();
     drawBackground(painter, option);
@@ -111,7 +112,7 @@ void Figure::drawBorder(QPainter *painter, const QStyleOptionViewItem &option,
 
 void Figure::drawChildren(QPainter *painter, const QStyleOptionViewItem &option) const
 {
-    Layout *layout = getLayoutManager();
+    Layout *layout = presentLayout();
     if (layout && option.rect.isValid())
         layout->render(painter, option);
 }
@@ -119,7 +120,7 @@ void Figure::drawChildren(QPainter *painter, const QStyleOptionViewItem &option)
 void Figure::drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
                            const QRect &rect) const
 {
-    if (m_highlightStyle == IStyleConstants::HIGHLIGHT_FOCUSRECT)
+    if (m_extras->highlightStyle == IStyleConstants::HIGHLIGHT_FOCUSRECT)
         drawFocusFrame(painter, option, rect);
     else
         drawRubberBand(painter, option, rect);
@@ -162,13 +163,13 @@ void Figure::repaint(const QRect &rect)
 void Figure::invalidate()
 {
     setFlag(FLAG_VALID, false);
-    if (Layout *layout = getLayoutManager())
+    if (Layout *layout = presentLayout())
         layout->invalidate();
 }
 
 void Figure::revalidate()
 {
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     invalidate(); // layout listeners hear of it
     if (!alive)
         return;
@@ -185,14 +186,14 @@ void Figure::validate()
     if (isValid())
         return;
 
-    const QPointer<Figure> alive(this);
-    m_isValidating = true;
+    const FigureGuard alive(this);
+    setFlag(FLAG_VALIDATING, true);
     layout();
     if (alive)
         validateChildren();
     if (!alive)
         return;
-    m_isValidating = false;
+    setFlag(FLAG_VALIDATING, false);
     setValid(true);
 }
 
@@ -200,6 +201,8 @@ void Figure::validate()
 void Figure::validateChildren()
 {
     const auto validateChild = [](Figure *child) { child->validate(); };
+    if (isLayoutDue())
+        return;
     Layout *layout = getLayoutManager();
     if (isOwnClass(this) && isOwnClass(layout))
         walkPending(this, layout, Pending::Validation, validateChild);
@@ -209,7 +212,7 @@ void Figure::validateChildren()
 
 void Figure::layout()
 {
-    if (Layout *layout = getLayoutManager())
+    if (Layout *layout = presentLayout())
         layout->layout(this);
 }
 

@@ -68,7 +68,7 @@ Figure *Figure::findFigureAt(int x, int y, const ITreeSearch &search) const
 
     auto *self = const_cast<Figure *>(this);
     self->translateFromParent(point);
-    Layout *layout = getLayoutManager();
+    Layout *layout = presentLayout();
     Figure *found =
         layout ? layout->findDescendantAtExcluding(point.x(), point.y(), search) : nullptr;
     if (found || !alive)
@@ -91,7 +91,7 @@ void Figure::findFigures(QList<Figure *> &result, const QRect &rect, const ITree
         return;
 
     auto *self = const_cast<Figure *>(this);
-    if (Layout *layout = getLayoutManager()) {
+    if (Layout *layout = presentLayout()) {
         QRect inside = rect;
         layout->findDescendantFigures(result, self->translateFromParent(inside), search,
                                       containedOnly);

@@ -4,11 +4,13 @@
 
 #include "announcedobject_p.h"
 #include "childwalk_p.h"
-#include "hadparent_p.h"
+#include "figureextras_p.h"
+#include "figureguard_p.h"
+#include "ownclass_p.h"
 #include "paintreach_p.h"
+#include "privateflags_p.h"
 
-#include <figura/layout/Layout.h>
-#include <figura/view/UpdateManager.h>
+#include <figura/layout/DelegatingLayout.h>
 
 #include <QMetaMethod>
 
@@ -44,19 +46,40 @@ bool Figure::remove(Figure *child)
 
 QList<Figure *> Figure::childFigures()
 {
-    Layout *layout = getLayoutManager();
+    Layout *layout = presentLayout();
     return layout ? layout->childFigures() : QList<Figure *>();
 }
 
 int Figure::childFigureCount() const
 {
+    if (isLayoutDue())
+        return 0;
     Layout *layout = reportMissing(getLayoutManager(), "childFigureCount");
     return layout ? layout->childFigureCount() : 0;
 }
 
 Layout *Figure::getLayoutManager() const
 {
-    return m_layout;
+    if (getFlag(FLAG_LAYOUT_ON_DEMAND))
+        const_cast<Figure *>(this)->makeLayout();
+    return m_extras ? m_extras->layout.data() : nullptr;
+}
+
+// A class of the application may have another layout than it says here.
+bool Figure::isLayoutDue() const
+{
+    return getFlag(FLAG_LAYOUT_ON_DEMAND) && isOwnClass(this);
+}
+
+Layout *Figure::presentLayout() const
+{
+    return isLayoutDue() ? nullptr : getLayoutManager();
+}
+
+void Figure::makeLayout()
+{
+    setFlag(FLAG_LAYOUT_ON_DEMAND, false);
+    Figure::setLayoutManager(new DelegatingLayout(this));
 }
 
 Layout *Figure::setLayoutManager(Layout *layout)
@@ -64,10 +87,10 @@ Layout *Figure::setLayoutManager(Layout *layout)
     if (!layout)
         return nullptr;
 
-    Layout *previous = m_layout;
+    Layout *previous = Figure::getLayoutManager();
     if (previous)
         previous->setFigure(nullptr);
-    m_layout = layout;
+    extras().layout = layout;
     layout->setFigure(this);
     noteArea();
     return previous;
@@ -102,7 +125,7 @@ void Figure::setVisible(bool visible)
     if (isVisible() == visible)
         return;
 
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     if (!visible)
         erase(); // while it still counts as visible
     if (!alive)
@@ -127,7 +150,7 @@ void Figure::addNotify()
 
 void Figure::removeNotify()
 {
-    const QPointer<Figure> alive(this);
+    const FigureGuard alive(this);
     walkChildren(this, [](Figure *child) { child->removeNotify(); });
     if (alive)
         setFlag(FLAG_NOTIFIED, false);
@@ -138,12 +161,15 @@ UpdateManager *Figure::getUpdateManager() const
     if (!getFlag(FLAG_NOTIFIED))
         return nullptr;
     Figure *parent = getParentFigure();
-    return parent ? parent->getUpdateManager() : m_updateManager.data();
+    if (parent)
+        return parent->getUpdateManager();
+    return m_extras ? m_extras->updateManager.data() : nullptr;
 }
 
 void Figure::setUpdateManager(UpdateManager *manager)
 {
-    m_updateManager = manager;
+    if (m_extras || manager)
+        extras().updateManager = manager;
 }
 
 } // namespace Velmora::Figura

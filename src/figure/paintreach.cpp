@@ -169,7 +169,7 @@ int PaintReach::measureGrid(const FreeformLayeredPane &pane, const QRect &absolu
 
 int PaintReach::measureChildren(Figure &figure, const QRect &boundingRect)
 {
-    const Layout *layout = figure.getLayoutManager();
+    const Layout *layout = figure.presentLayout();
     if (!layout || !layout->m_unclipped.isValid())
         return 0;
     QRect painted = layout->m_unclipped;
@@ -180,7 +180,7 @@ int PaintReach::measureChildren(Figure &figure, const QRect &boundingRect)
 void PaintReach::noteInParents(Figure &figure, const QRect &painted)
 {
     Figure *parent = figure.getParentFigure();
-    Layout *layout = parent ? parent->getLayoutManager() : nullptr;
+    Layout *layout = parent ? parent->presentLayout() : nullptr;
     if (!layout || layout->isClipping())
         return;
 
@@ -196,7 +196,7 @@ void PaintReach::noteInParents(Figure &figure, const QRect &painted)
 // Which of them did is theirs to know: both places count until the next layout.
 void PaintReach::shiftChildren(const Figure &figure, const QPoint &shift)
 {
-    Layout *layout = figure.getLayoutManager();
+    Layout *layout = figure.presentLayout();
     if (layout && layout->m_unclipped.isValid() && !figure.useLocalCoordinates())
         layout->m_unclipped |= layout->m_unclipped.translated(shift);
 }
@@ -230,7 +230,7 @@ bool PaintReach::meets(const Figure &figure, const QRect &boundingRect, const QR
 QRect PaintReach::childDamage(Figure &figure, const QRect &content, const QRect &damage)
 {
     const QRect inside = damage & content;
-    const Layout *layout = figure.getLayoutManager();
+    const Layout *layout = figure.presentLayout();
     if (!layout || !layout->m_unclipped.isValid())
         return inside;
 

@@ -1,34 +1,28 @@
 #include "revalidation_p.h"
 
-#include <figura/figure/Figure.h>
-
 namespace Velmora::Figura {
 namespace {
 
-QPointer<Figure> &present()
-{
-    static QPointer<Figure> figure;
-    return figure;
-}
+const FigureGuard *present = nullptr;
 
 } // namespace
 
 Revalidation::Revalidation(Figure *figure)
-    : m_isFirst(!present())
+    : m_figure(origin() ? nullptr : figure)
 {
-    if (m_isFirst)
-        present() = figure;
+    if (m_figure)
+        present = &m_figure;
 }
 
 Revalidation::~Revalidation()
 {
-    if (m_isFirst)
-        present().clear();
+    if (present == &m_figure)
+        present = nullptr;
 }
 
 Figure *Revalidation::origin()
 {
-    return present();
+    return present ? present->get() : nullptr;
 }
 
 } // namespace Velmora::Figura

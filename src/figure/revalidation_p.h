@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QPointer>
+#include "figureguard_p.h"
 
 namespace Velmora::Figura {
-
-class Figure;
 
 /// The way of an invalidation from the figure where it began up to the one that is queued for it.
 class Revalidation
@@ -17,7 +15,7 @@ public:
     static Figure *origin(); ///< Null when none is on its way.
 
 private:
-    const bool m_isFirst;
+    const FigureGuard m_figure; // null unless the way began here
 };
 
 } // namespace Velmora::Figura

@@ -5,6 +5,7 @@
 #include <figura/connection/PolylineConnection.h>
 #include <figura/connection/PolylineFConnection.h>
 #include <figura/connection/XYAnchor.h>
+#include <figura/figure/AncestorHelper.h>
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/LabelFigure.h>
 #include <figura/shape/PixmapFigure.h>
@@ -34,6 +35,7 @@ bool isForEver(const QMetaObject *meta)
 {
     static const QSet<const QMetaObject *> known{
         &Figure::staticMetaObject,
+        &AncestorHelper::staticMetaObject,
         &Rectangle::staticMetaObject,
         &RoundedRectangle::staticMetaObject,
         &Ellipse::staticMetaObject,

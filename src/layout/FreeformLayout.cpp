@@ -2,6 +2,7 @@
 
 #include "extenttree_p.h"
 #include "figure/childwalk_p.h"
+#include "figure/figureguard_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
 
@@ -47,7 +48,7 @@ bool FreeformLayout::watch(Figure *child)
 bool FreeformLayout::remove(Figure *child)
 {
     const QPointer<FreeformLayout> alive(this);
-    const QPointer<Figure> removed(child);
+    const FigureGuard removed(child);
     if (!XYLayout::remove(child))
         return false;
     if (!alive)
@@ -86,7 +87,7 @@ void FreeformLayout::setContentMonitored(bool monitored)
 
 QRect FreeformLayout::calculateFreeformExtent()
 {
-    const QPointer<Figure> container(getFigure());
+    const FigureGuard container(getFigure());
     if (!container)
         return {};
 

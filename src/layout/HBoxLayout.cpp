@@ -1,6 +1,7 @@
 #include <figura/layout/HBoxLayout.h>
 
 #include "box_p.h"
+#include "figure/figureguard_p.h"
 
 namespace Velmora::Figura {
 
@@ -15,7 +16,7 @@ HBoxLayout::~HBoxLayout() = default;
 bool HBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
     const QPointer<HBoxLayout> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     const QVariant raised = boxConstraint(child, constraint); // measures the child
     return alive && Layout::setConstraint(guarded, raised);
 }

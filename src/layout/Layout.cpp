@@ -4,10 +4,11 @@
 #include "childtable_p.h"
 #include "constraint_p.h"
 #include "figure/childwalk_p.h"
-#include "figure/hadparent_p.h"
+#include "figure/figureguard_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/paintreach_p.h"
 #include "figure/paintregion_p.h"
+#include "figure/privateflags_p.h"
 
 #include <figura/layout/ILayoutListener.h>
 #include <figura/layout/ILocator.h>
@@ -72,17 +73,32 @@ Layout::LayoutHelper::LayoutHelper(const QVariant &constraint, unsigned int vert
     setConstraint(constraint);
 }
 
+Layout::LayoutHelper::LayoutHelper(const LayoutHelper &other)
+    : vStretch(other.vStretch)
+    , hStretch(other.hStretch)
+    , m_constraint(other.m_constraint)
+    , m_object(other.m_object ? std::make_unique<QPointer<QObject>>(*other.m_object) : nullptr)
+{
+}
+
+Layout::LayoutHelper::~LayoutHelper() = default;
+
 // A constraint whose object has been destroyed counts as none: its pointer must not be read.
 QVariant Layout::LayoutHelper::getConstraint() const
 {
-    return m_holdsObject && !m_object ? QVariant() : m_constraint;
+    return m_object && !object() ? QVariant() : m_constraint;
+}
+
+QObject *Layout::LayoutHelper::object() const
+{
+    return m_object ? m_object->data() : nullptr;
 }
 
 void Layout::LayoutHelper::setConstraint(const QVariant &constraint)
 {
     m_constraint = constraint;
-    m_object = constraintObject(constraint);
-    m_holdsObject = !m_object.isNull();
+    QObject *object = constraintObject(constraint);
+    m_object = object ? std::make_unique<QPointer<QObject>>(object) : nullptr;
 }
 
 Layout::Layout(QObject *parent)
@@ -109,13 +125,12 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
         return false;
 
     // Whoever is told on the way may take the child out again, or destroy it, what it is to be
-    // placed by, or this layout.
+    // placed by, or this layout. A child that is gone has no record.
     const LayoutHelper wanted(constraint, 0, 0);
     const bool wasAttached = isOrphan(child) && isNotified(child);
     const quint64 joined = enlist(child, record, index);
-    const auto isPresent = [layout = QPointer<Layout>(this), guarded = QPointer<Figure>(child),
-                            joined]() {
-        const ChildRecord *present = layout && guarded ? layout->table().find(guarded) : nullptr;
+    const auto isPresent = [layout = QPointer<Layout>(this), child, joined]() {
+        const ChildRecord *present = layout ? layout->table().find(child) : nullptr;
         return present && present->joined == joined;
     };
     child->setParentFigure(m_figure);
@@ -144,7 +159,7 @@ bool Layout::remove(Figure *child)
         return false;
 
     const QPointer<Layout> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     if (!tellAll(this, m_listeners,
                  [this](ILayoutListener *listener) { listener->remove(m_figure); }))
         return true;
@@ -172,7 +187,7 @@ ChildRecord *Layout::dismiss(Figure *child)
 {
     ChildRecord *record = table().find(child);
     if (record) {
-        release(record->helper.m_object);
+        release(record->helper.object());
         table().dismiss(record);
     }
     return record;
@@ -225,11 +240,11 @@ bool Layout::setConstraint(Figure *child, const QVariant &constraint)
         return true;
 
     if (ChildRecord *record = table().find(child)) {
-        QObject *replaced = record->helper.m_object;
+        QObject *replaced = record->helper.object();
         record->helper.setConstraint(wanted.getConstraint());
         table().note(record, Pending::Placement);
         table().note(record, Pending::Extent);
-        if (replaced != record->helper.m_object)
+        if (replaced != record->helper.object())
             release(replaced);
         applyConstraint(child, record->helper.getConstraint());
     }
@@ -359,7 +374,7 @@ bool Layout::layout(Figure *container)
         return true;
 
     const QPointer<Layout> alive(this);
-    const QPointer<Figure> guarded(container);
+    const FigureGuard guarded(container);
     bool takenOver = false;
     const bool told = tellAll(this, m_listeners, [&](ILayoutListener *listener) {
         if (guarded)

@@ -1,6 +1,7 @@
 #include <figura/layout/VBoxLayout.h>
 
 #include "box_p.h"
+#include "figure/figureguard_p.h"
 
 namespace Velmora::Figura {
 
@@ -15,7 +16,7 @@ VBoxLayout::~VBoxLayout() = default;
 bool VBoxLayout::setConstraint(Figure *child, const QVariant &constraint)
 {
     const QPointer<VBoxLayout> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     const QVariant raised = boxConstraint(child, constraint); // measures the child
     return alive && Layout::setConstraint(guarded, raised);
 }

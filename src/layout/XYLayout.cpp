@@ -2,6 +2,7 @@
 
 #include "childagenda_p.h"
 #include "constraint_p.h"
+#include "figure/figureguard_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
 
@@ -60,14 +61,14 @@ private:
     }
 
     const QPointer<const Layout> m_layout;
-    const QPointer<Figure> m_child;
+    const FigureGuard m_child;
     const bool m_isOneTooMany;
 };
 
 // The preferred size is asked for only where it is needed: asking an invalid figure has effects.
 // Being asked may also be the end of it.
 template<typename Rect>
-QVariant resolved(Rect rect, const QPointer<Figure> &child)
+QVariant resolved(Rect rect, const FigureGuard &child)
 {
     const QSize minimum = child->getMinimumSize();
     const bool ownWidth = rect.width() >= 0;
@@ -121,7 +122,7 @@ bool XYLayout::setConstraint(Figure *child, const QVariant &constraint)
         return Layout::setConstraint(child, constraint);
 
     const QPointer<XYLayout> alive(this);
-    const QPointer<Figure> guarded(child);
+    const FigureGuard guarded(child);
     const QVariant complete = constraint.typeId() == QMetaType::QRect
                                   ? resolved(constraint.toRect(), guarded)
                                   : resolved(constraint.toRectF(), guarded);
@@ -197,7 +198,7 @@ void XYLayout::childMoved(Figure *child)
     if (move.isOneTooMany())
         return;
     const QPointer<XYLayout> alive(this);
-    const QPointer<Figure> moved(child);
+    const FigureGuard moved(child);
     const QVariant constraint = getConstraint(child);
     bool changed = false;
     if (isRectangle(constraint)) {

@@ -1,6 +1,7 @@
 #include "box_p.h"
 
 #include "figure/childwalk_p.h"
+#include "figure/figureguard_p.h"
 
 #include <QStyle>
 
@@ -102,7 +103,7 @@ void applyBoxConstraint(Figure *child, const QVariant &constraint)
     const QRect bounds = child->getBounds();
     if (bounds.size() == constraint.toSize())
         return;
-    const QPointer<Figure> alive(child); // a slot may destroy it
+    const FigureGuard alive(child); // a slot may destroy it
     child->setBounds(QRect(bounds.topLeft(), constraint.toSize()));
     if (alive)
         child->validate();
@@ -135,7 +136,7 @@ bool layOutBox(Layout *box, Qt::Orientation orientation, const QRect &area,
         const std::optional<unsigned int> factor = stretch.ofChild(child);
         if (!child->isVisible() || !factor)
             return;
-        const QPointer<Figure> guarded(child);
+        const FigureGuard guarded(child);
         const QSize size = wantedSize(box, child);
         if (!alive || !guarded)
             return;

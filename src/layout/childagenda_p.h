@@ -56,6 +56,8 @@ void walkPending(Owner *owner, Layout *layout, Pending kind, Visit visit)
         return;
     }
 
+    if (batch.records.empty() && table.foreign().empty())
+        return;
     const QPointer<Owner> aliveOwner(owner);
     const QPointer<Layout> aliveLayout(layout);
     ChildAgenda agenda(table, kind, batch);

@@ -48,7 +48,7 @@ bool meets(const QRect &area, const QRect &rect)
 // Its children may lie anywhere, and a point in one of them is in the polygon.
 bool isHitByChildren(const Figure *figure)
 {
-    return figure->getLayoutManager() && qobject_cast<const Polygon *>(figure);
+    return qobject_cast<const Polygon *>(figure) && figure->getLayoutManager();
 }
 
 } // namespace

@@ -24,7 +24,7 @@ enum class Pending {
 /// One child in one layout. A figure knows all of its records, so that it can say what changes.
 struct ChildRecord
 {
-    enum class Class { Unknown, Own, Foreign };
+    enum class Class : quint8 { Unknown, Own, Foreign };
 
     ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints);
 
@@ -33,13 +33,13 @@ struct ChildRecord
     Layout *const layout;
     ChildRecord *next = nullptr; // the figure's record in another layout
     quint64 joined = 0;          ///< When the child came in: the same for no other record.
+    quint64 cell = 0;            // of the grid
+    int cellPosition = -1;
     int slot = -1;
     std::array<int, 5> positions; // in the list of each kind of pending work; last: foreign ones
+    short moves = 0;              // of it that are being followed up, each within the one before
     Class classification = Class::Unknown;
     bool dismissed = false; // no child any more, though still in the list
-    int cellPosition = -1;  // in the grid
-    quint64 cell = 0;
-    int moves = 0; // of it that are being followed up, each within the one before
 };
 
 /// The children of a layout in their order, their records, and what is pending for them.

@@ -6,7 +6,8 @@
 namespace Velmora::Figura {
 namespace {
 
-constexpr int fewLeaves = 16;
+constexpr int fewLeaves = 4;
+constexpr int childrenOfLeaf = 4;
 
 // Nothing for a child that does not count, or that has to be asked itself.
 std::optional<QRect> knownRect(const ChildRecord *record)
@@ -26,16 +27,15 @@ bool ExtentTree::update(ChildTable &table)
 {
     const ChildTable::Batch batch = table.take(Pending::Extent);
     const std::vector<int> emptied = table.takeEmptiedSlots();
-    if (batch.all || m_numbering != table.numbering() || table.endSlot() - m_firstSlot > m_leaves) {
+    const bool isOutgrown = table.endSlot() - m_firstSlot > m_leaves * childrenOfLeaf;
+    if (batch.all || m_numbering != table.numbering() || isOutgrown) {
         rebuild(table);
         return m_unclearCount == 0;
     }
-    for (int slot : emptied) {
-        if (slot - m_firstSlot < m_leaves) // else it has come and gone meanwhile
-            set(slot - m_firstSlot, nullptr);
-    }
+    for (int slot : emptied)
+        refresh(table, slot);
     for (const ChildRecord *record : batch.records)
-        set(table.slotOf(record) - m_firstSlot, record);
+        refresh(table, table.slotOf(record));
     return m_unclearCount == 0;
 }
 
@@ -44,12 +44,13 @@ void ExtentTree::rebuild(ChildTable &table)
     m_firstSlot = table.firstSlot();
     const int count = table.endSlot() - m_firstSlot;
     m_numbering = table.numbering();
-    m_leaves = static_cast<int>(std::bit_ceil(static_cast<unsigned int>(qMax(count, fewLeaves))));
+    const int needed = (count + childrenOfLeaf - 1) / childrenOfLeaf;
+    m_leaves = static_cast<int>(std::bit_ceil(static_cast<unsigned int>(qMax(needed, fewLeaves))));
     m_nodes.assign(std::size_t(m_leaves) * 2, QRect());
     m_unclear.assign(m_leaves, false);
     m_unclearCount = 0;
-    for (int slot = 0; slot < count; ++slot)
-        setLeaf(slot, table.recordAt(m_firstSlot + slot));
+    for (int leaf = 0; leaf < needed; ++leaf)
+        takeLeaf(table, leaf);
     for (int node = m_leaves - 1; node >= 1; --node)
         m_nodes[node] = unionBelow(node);
 }
@@ -60,19 +61,31 @@ QRect ExtentTree::unionBelow(int node) const
     return m_nodes[left] | m_nodes[left + 1];
 }
 
-void ExtentTree::setLeaf(int slot, const ChildRecord *record)
+void ExtentTree::takeLeaf(const ChildTable &table, int leaf)
 {
-    const std::optional<QRect> rect = knownRect(record);
-    const bool unclear = rect && !rect->isValid();
-    m_unclearCount += int(unclear) - int(m_unclear[slot]);
-    m_unclear[slot] = unclear;
-    m_nodes[m_leaves + slot] = unclear ? QRect() : rect.value_or(QRect());
+    const int first = qMax(m_firstSlot + leaf * childrenOfLeaf, table.firstSlot());
+    const int end = qMin(m_firstSlot + (leaf + 1) * childrenOfLeaf, table.endSlot());
+    QRect united;
+    bool unclear = false;
+    for (int slot = first; slot < end; ++slot) {
+        const std::optional<QRect> rect = knownRect(table.recordAt(slot));
+        unclear = unclear || (rect && !rect->isValid());
+        if (rect && rect->isValid())
+            united |= *rect;
+    }
+    m_unclearCount += int(unclear) - int(m_unclear[leaf]);
+    m_unclear[leaf] = unclear;
+    m_nodes[m_leaves + leaf] = united;
 }
 
-void ExtentTree::set(int slot, const ChildRecord *record)
+// A slot beyond the leaves is that of a child that has come and gone meanwhile.
+void ExtentTree::refresh(const ChildTable &table, int slot)
 {
-    setLeaf(slot, record);
-    for (int node = (m_leaves + slot) / 2; node >= 1; node /= 2) {
+    const int leaf = (slot - m_firstSlot) / childrenOfLeaf;
+    if (leaf >= m_leaves)
+        return;
+    takeLeaf(table, leaf);
+    for (int node = (m_leaves + leaf) / 2; node >= 1; node /= 2) {
         const QRect united = unionBelow(node);
         if (united == m_nodes[node])
             return;

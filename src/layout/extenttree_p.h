@@ -11,7 +11,9 @@ namespace Velmora::Figura {
 /// The union of the rectangles of a layout's children.
 ///
 /// A tree of unions over the slots of the children: when one child changes, one branch is united
-/// anew, wherever the child was; also when it held an edge of the whole.
+/// anew, wherever the child was; also when it held an edge of the whole. A leaf stands for a few
+/// children in a row, which are asked again together: the tree would take four times the room
+/// otherwise.
 class ExtentTree
 {
 public:
@@ -23,12 +25,12 @@ public:
 
 private:
     void rebuild(ChildTable &table);
-    void set(int slot, const ChildRecord *record);
+    void refresh(const ChildTable &table, int slot);
     QRect unionBelow(int node) const;
-    void setLeaf(int slot, const ChildRecord *record);
+    void takeLeaf(const ChildTable &table, int leaf);
 
-    std::vector<QRect> m_nodes; // 1 is the root, the leaves are the last half
-    std::vector<bool> m_unclear;
+    std::vector<QRect> m_nodes;  // 1 is the root, the leaves are the last half
+    std::vector<bool> m_unclear; // leaves with a child whose rectangle is not valid
     int m_unclearCount = 0;
     int m_leaves = 0;
     int m_firstSlot = 0; // of the first leaf

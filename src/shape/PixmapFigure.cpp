@@ -1,5 +1,7 @@
 #include <figura/shape/PixmapFigure.h>
 
+#include "figure/figureguard_p.h"
+
 #include <QPainter>
 #include <QStyleOptionViewItem>
 
@@ -32,7 +34,7 @@ void PixmapFigure::setPixmap(const QPixmap &pixmap)
     setPreferredSize(size);
     setMinimumSize(size);
     setMaximumSize(size);
-    const QPointer<PixmapFigure> alive(this);
+    const FigureGuard alive(this);
     revalidate();
     if (alive)
         repaint();

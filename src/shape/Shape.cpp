@@ -6,6 +6,7 @@
 #include <figura/connection/PolylineF.h>
 
 #include "figure/childwalk_p.h"
+#include "figure/figureguard_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
 #include "layout/childtable_p.h"
@@ -104,40 +105,40 @@ int Shape::getLineWidth() const
 
 Qt::PenStyle Shape::getLineStyle() const
 {
-    return m_lineStyle;
+    return static_cast<Qt::PenStyle>(m_lineStyle);
 }
 
 void Shape::setLineStyle(Qt::PenStyle style)
 {
     if (style == m_lineStyle)
         return;
-    m_lineStyle = style;
+    m_lineStyle = static_cast<quint16>(style);
     repaint();
 }
 
 Qt::PenCapStyle Shape::getCapStyle() const
 {
-    return m_capStyle;
+    return static_cast<Qt::PenCapStyle>(m_capStyle);
 }
 
 void Shape::setCapStyle(Qt::PenCapStyle style)
 {
     if (style == m_capStyle)
         return;
-    m_capStyle = style;
+    m_capStyle = static_cast<quint16>(style);
     repaint();
 }
 
 Qt::PenJoinStyle Shape::getJoinStyle() const
 {
-    return m_joinStyle;
+    return static_cast<Qt::PenJoinStyle>(m_joinStyle);
 }
 
 void Shape::setJoinStyle(Qt::PenJoinStyle style)
 {
     if (style == m_joinStyle)
         return;
-    m_joinStyle = style;
+    m_joinStyle = static_cast<quint16>(style);
     repaint();
 }
 
@@ -166,24 +167,24 @@ void Shape::setEnabledBGColor(const QColor &color)
 
 QColor Shape::getDisabledFGColor() const
 {
-    return m_disabledFGColor;
+    return m_disabledColors ? m_disabledColors->pen : QColor();
 }
 
 void Shape::setDisabledFGColor(const QColor &color)
 {
-    m_disabledFGColor = color;
+    ownDisabledColors().pen = color;
     repaint();
 }
 
 // The foreground, on purpose: it is what a disabled shape is filled with.
 QColor Shape::getDisabledBGColor() const
 {
-    return m_disabledFGColor;
+    return getDisabledFGColor();
 }
 
 void Shape::setDisabledBGColor(const QColor &color)
 {
-    m_disabledBGColor = color;
+    ownDisabledColors().fill = color;
     repaint();
 }
 
@@ -204,7 +205,7 @@ void Shape::rebuildPath()
     if (!bounds.isValid() && !isPlacedByPoints(this))
         return;
 
-    const QPointer<Shape> alive(this);
+    const FigureGuard alive(this);
     erase(); // the area may change with the path
     const QRect resolved = alive ? resolveBounds(bounds) : bounds;
     if (!alive)
@@ -216,7 +217,7 @@ void Shape::rebuildPath()
 
 void Shape::setBounds(const QRect &rect)
 {
-    const QPointer<Shape> alive(this);
+    const FigureGuard alive(this);
     const QRect resolved = resolveBounds(rect);
     if (alive && resolved != getBounds())
         Q_EMIT pathChanged(pathRect(resolved)); // before the bounds are stored, on purpose
@@ -231,7 +232,7 @@ bool Shape::contains(const QPoint &point) const
 
 void Shape::addNotify()
 {
-    const QPointer<Shape> alive(this);
+    const FigureGuard alive(this);
     Figure::addNotify();
     if (alive)
         connectNormalized(this, pathSignal, this, pathSlot);
@@ -343,23 +344,30 @@ Shape::Colors Shape::enabledColors(const QPalette &palette) const
     return {m_enabledFGColor, m_enabledBGColor};
 }
 
+Shape::Colors &Shape::ownDisabledColors() const
+{
+    if (!m_disabledColors)
+        m_disabledColors = std::make_unique<Colors>();
+    return *m_disabledColors;
+}
+
 Shape::Colors Shape::disabledColors(const QPalette &palette) const
 {
     // The roles cross over and the foreground fills as well, on purpose. The background is stored
     // anew only when even the palette had no foreground, and never painted with.
-    adoptPaletteColor(m_disabledFGColor, palette.color(QPalette::Disabled, QPalette::Button));
-    if (!m_disabledFGColor.isValid()) {
-        m_disabledBGColor = QColor();
-        adoptPaletteColor(m_disabledBGColor,
-                          palette.color(QPalette::Disabled, QPalette::ButtonText));
+    Colors &colors = ownDisabledColors();
+    adoptPaletteColor(colors.pen, palette.color(QPalette::Disabled, QPalette::Button));
+    if (!colors.pen.isValid()) {
+        colors.fill = QColor();
+        adoptPaletteColor(colors.fill, palette.color(QPalette::Disabled, QPalette::ButtonText));
     }
-    return {m_disabledFGColor, m_disabledFGColor};
+    return {colors.pen, colors.pen};
 }
 
 QPen Shape::createPen(const QPainter &painter, const QColor &color) const
 {
     QPen pen(color);
-    pen.setStyle(m_lineStyle);
+    pen.setStyle(getLineStyle());
 
     const double scaledWidth = m_lineWidth * painter.transform().m11();
     if (m_lineStyle == Qt::SolidLine && painter.device()->physicalDpiX() < PRINTER_DPI) {
@@ -375,7 +383,7 @@ void rebuildPaths(Figure *root)
 {
     if (!root)
         return;
-    const QPointer<Figure> alive(root);
+    const FigureGuard alive(root);
     if (auto *shape = qobject_cast<Shape *>(root))
         shape->rebuildPath();
     if (alive)

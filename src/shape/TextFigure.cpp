@@ -1,5 +1,7 @@
 #include <figura/shape/TextFigure.h>
 
+#include "figure/figureguard_p.h"
+
 #include <figura/figure/Border.h>
 
 #include <QFontMetrics>
@@ -142,7 +144,7 @@ void TextFigure::updateSize()
     const QSize size = applyMargin(calculateContentSize());
     setMinimumSize(size);
     setPreferredSize(size);
-    const QPointer<TextFigure> alive(this);
+    const FigureGuard alive(this);
     revalidate();
     if (alive)
         repaint();

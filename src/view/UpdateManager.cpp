@@ -1,6 +1,7 @@
 #include <figura/view/UpdateManager.h>
 
 #include "figure/paintreach_p.h"
+#include "figure/privateflags_p.h"
 #include "figure/revalidation_p.h"
 #include "secondturn_p.h"
 
@@ -76,7 +77,7 @@ void UpdateManager::noteLate(Figure *figure)
     if (!m_late.contains(figure))
         m_late.append(figure);
     Figure *origin = Revalidation::origin();
-    if (figure->m_isValidating && origin && m_late.constLast() != origin)
+    if (figure->getFlag(FLAG_VALIDATING) && origin && m_late.constLast() != origin)
         m_late.append(origin);
 }
 

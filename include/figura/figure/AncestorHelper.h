@@ -3,11 +3,11 @@
 #include <figura/export.h>
 #include <figura/figure/IPropertyChangeListener.h>
 
-#include <QList>
 #include <QObject>
 #include <QPointer>
 
 #include <list>
+#include <vector>
 
 namespace Velmora::Figura {
 
@@ -59,8 +59,8 @@ private:
 
     struct Hook
     {
-        QPointer<Figure> figure;
-        QPointer<AncestorHub> hub;
+        Figure *figure;   // goes only after it has been let go of
+        AncestorHub *hub; // null: hooked directly; stays as long as somebody is in it
         std::list<AncestorHelper *>::iterator place; // in the hub
     };
 
@@ -74,7 +74,8 @@ private:
     const Relay m_relay = Relay::BySignal;
     QPointer<Figure> m_figure;
     QMetaObject::Connection m_direct[3]; // to the watched figure itself
-    QList<Hook> m_chain; // the watched figure first, then what was above it when it was hooked
+    std::vector<Hook>
+        m_chain; // the watched figure first, then what was above it when it was hooked
 };
 
 } // namespace Velmora::Figura

@@ -14,8 +14,9 @@ namespace Velmora::Figura {
 class AncestorHelper;
 class AncestorHub;
 class ChildTable;
-class ListenerConnections;
+class FigureGuard;
 struct ChildRecord;
+struct FigureExtras;
 
 /// The base class of every drawable element: a rectangle in a tree of figures.
 ///
@@ -299,9 +300,9 @@ protected:
 private:
     friend class AncestorHelper; // watches through the hubs
     friend class ChildTable;     // keeps the records of a child
+    friend class FigureGuard;    // keeps the list of m_guards
     friend class FreeformWidget; // hands the root figure its update manager
     friend class PaintReach;     // keeps account of m_reach
-    friend class UpdateManager;  // asks for m_isValidating
 
     void setUpdateManager(UpdateManager *manager);
     AncestorHub *ancestorHub();
@@ -313,29 +314,22 @@ private:
     void drawHighlight(QPainter *painter, const QStyleOptionViewItem &option,
                        const QRect &rect) const;
 
+    FigureExtras &extras();
+    Layout *presentLayout() const; // null also while nobody has asked for it
+    bool isLayoutDue() const;
+    void makeLayout();
+    QSize ownMinimumSize() const; // what was set
+    QSize ownMaximumSize() const;
+
     QPointer<Figure> m_parentFigure;
-    ChildRecord *m_records = nullptr; // one in each layout that has this figure as a child
-    QPointer<Layout> m_layout;
-    QPointer<Border> m_border;
-    QSize m_minimumSize{-1, -1};
-    QSize m_maximumSize{0x7FFFFFF, 0x7FFFFFF};
+    ChildRecord *m_records = nullptr;       // one in each layout that has this figure as a child
+    std::unique_ptr<FigureExtras> m_extras; // made when there is something in it
+    FigureGuard *m_guards = nullptr;
     QSize m_preferredSize; // what the application set, and the cache of what was computed last
-    int m_margin = 0;
-    int m_reach = 0; // how far it may have painted beyond its bounding rectangle
     QRect m_bounds;
     quint32 m_flags = FLAG_VISIBLE | FLAG_ENABLED;
+    int m_reach = 0; // how far it may have painted beyond its bounding rectangle
     QColor m_backgroundColor;
-    QPointer<Figure> m_tooltip;
-    Qt::Orientations m_expandingDirections;
-    QPointer<UpdateManager> m_updateManager; // set on the root only
-    QPointer<AncestorHelper> m_ancestorHelper;
-    QPointer<AncestorHub> m_ancestorHub; // while somebody watches below this figure
-    int m_ancestorListenerCount = 0;
-    std::unique_ptr<ListenerConnections> m_ancestorConnections;
-    std::unique_ptr<ListenerConnections> m_propertyConnections;
-    bool m_clientAreaHighlighted = false;
-    bool m_isValidating = false;
-    int m_highlightStyle = IStyleConstants::HIGHLIGHT_RUBBERBAND;
 };
 
 } // namespace Velmora::Figura

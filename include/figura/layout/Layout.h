@@ -40,6 +40,8 @@ public:
         /// The record of a child that was just added.
         LayoutHelper(const QVariant &constraint, unsigned int verticalStretch,
                      unsigned int horizontalStretch);
+        LayoutHelper(const LayoutHelper &other);
+        ~LayoutHelper();
 
         QVariant getConstraint() const; ///< Invalid once the object that it holds is destroyed.
         void setConstraint(const QVariant &constraint); ///< Only stores; the layout applies it.
@@ -50,9 +52,10 @@ public:
     private:
         friend class Layout;
 
+        QObject *object() const; // in the constraint, while it lives
+
         QVariant m_constraint;
-        QPointer<QObject> m_object; // the object in the constraint, while it lives
-        bool m_holdsObject = false;
+        std::unique_ptr<QPointer<QObject>> m_object; // only where the constraint holds one
     };
 
     /// Serves no figure yet: Figure::setLayoutManager() does that.

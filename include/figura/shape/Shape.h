@@ -108,24 +108,25 @@ private:
     void adoptPaletteColor(QColor &color, const QColor &paletteColor) const;
     Colors enabledColors(const QPalette &palette) const;
     Colors disabledColors(const QPalette &palette) const;
+    Colors &ownDisabledColors() const;
     QPen createPen(const QPainter &painter, const QColor &color) const;
 
     void drawInside(QPainter *painter, const QStyleOptionViewItem &option) const;
     void buildPath() const;
     QPointF absoluteOrigin() const;
 
-    mutable QPainterPath m_path; // built when it is first needed
-    mutable bool m_isBuilt = true;
+    mutable QPainterPath m_path;          // built when it is first needed
     std::unique_ptr<PathSource> m_source; // null when the path was made by other means
-    Qt::PenStyle m_lineStyle = Qt::SolidLine;
-    Qt::PenCapStyle m_capStyle = Qt::SquareCap;
-    Qt::PenJoinStyle m_joinStyle = Qt::MiterJoin;
     int m_lineWidth = 1;
+    // The enumerations take twice the room.
+    quint16 m_lineStyle = Qt::SolidLine;
+    quint16 m_capStyle = Qt::SquareCap;
+    quint16 m_joinStyle = Qt::MiterJoin;
+    mutable bool m_isBuilt = true;
+    bool m_fill = true;
     mutable QColor m_enabledFGColor; // mutable: painting fills in what the palette says
     mutable QColor m_enabledBGColor;
-    mutable QColor m_disabledFGColor;
-    mutable QColor m_disabledBGColor;
-    bool m_fill = true;
+    mutable std::unique_ptr<Colors> m_disabledColors; // made when one is set or painted with
 };
 
 /// Calls Shape::rebuildPath() on each shape of the tree below and including \a root; null is

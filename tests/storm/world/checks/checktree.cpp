@@ -2,7 +2,7 @@
 #include "../updatewatch.h"
 #include "../world.h"
 
-#include "figure/hadparent_p.h"
+#include "figure/privateflags_p.h"
 
 namespace Velmora::Figura::Storm {
 namespace {

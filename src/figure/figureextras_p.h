@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ancestorhub_p.h"
+#include "listenerconnections_p.h"
+
+#include <figura/figure/AncestorHelper.h>
+#include <figura/figure/Border.h>
+#include <figura/figure/Figure.h>
+#include <figura/geometry/IStyleConstants.h>
+#include <figura/layout/Layout.h>
+#include <figura/view/UpdateManager.h>
+
+#include <memory>
+
+namespace Velmora::Figura {
+
+/// What only few figures have, and a hundred thousand others need no room for.
+struct FigureExtras
+{
+    static constexpr QSize leastSize{-1, -1};
+    static constexpr QSize greatestSize{0x7FFFFFF, 0x7FFFFFF};
+
+    QPointer<Layout> layout;
+    QPointer<Border> border;
+    QPointer<Figure> tooltip;
+    QPointer<UpdateManager> updateManager; // set on the root only
+    std::unique_ptr<AncestorHelper> ancestorHelper;
+    QPointer<AncestorHub> ancestorHub; // while somebody watches below the figure
+    std::unique_ptr<ListenerConnections> ancestorConnections;
+    std::unique_ptr<ListenerConnections> propertyConnections;
+    QSize minimumSize = leastSize;
+    QSize maximumSize = greatestSize;
+    int margin = 0;
+    Qt::Orientations expandingDirections;
+    int ancestorListenerCount = 0;
+    int highlightStyle = IStyleConstants::HIGHLIGHT_RUBBERBAND;
+    bool isClientAreaHighlighted = false;
+};
+
+} // namespace Velmora::Figura
