@@ -144,9 +144,10 @@ void tst_ConnectionOwnLayout::childBringsTheLayout()
     const std::unique_ptr<Figure> line(make());
     Shown shown(line.get());
     Rectangle child(nullptr);
-    child.setBounds(QRect(20, 20, 30, 30));
 
     QVERIFY(line->add(&child));
+    child.setBounds(QRect(20, 20, 30, 30));
+    QCoreApplication::processEvents();
 
     QCOMPARE(layoutsOf(*line), 1);
     QCOMPARE(line->childFigures(), QList<Figure *>{&child});
