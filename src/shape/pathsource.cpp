@@ -7,32 +7,21 @@
 #include <QPaintEngine>
 #include <QPainter>
 
-#include <cmath>
-
 namespace Velmora::Figura {
 namespace {
 
-bool isWhole(double value)
-{
-    return std::abs(value) < (1 << 24) && value == std::floor(value);
-}
+// From this resolution on a device counts as a printer, where lines keep their size in units.
+constexpr int PRINTER_DPI = 150;
 
 bool isOpaque(const QColor &color)
 {
     return color.alpha() == 255;
 }
 
-// Units are pixels of an image, and nothing is blended.
-bool isPlain(const QPainter *painter)
+bool isRaster(const QPainter *painter)
 {
     const QPaintEngine *engine = painter->paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster)
-        return false;
-    const QTransform &transform = painter->deviceTransform();
-    return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) &&
-           isWhole(transform.dy()) && painter->opacity() == 1.0 &&
-           painter->compositionMode() == QPainter::CompositionMode_SourceOver &&
-           !painter->testRenderHint(QPainter::Antialiasing);
+    return engine && engine->type() == QPaintEngine::Raster;
 }
 
 bool isHairline(const QPen &pen)
@@ -49,7 +38,49 @@ bool isFlat(const QBrush &brush)
 
 } // namespace
 
-bool PathSource::draw(QPainter * /*painter*/, const QPointF & /*offset*/) const
+bool PathSource::draw(QPainter *painter, const QPointF &offset) const
+{
+    const QPen &pen = painter->pen();
+    const QBrush &brush = painter->brush();
+    const bool isFilled = brush.style() != Qt::NoBrush;
+    if (isHairline(pen) && isFlat(brush)) {
+        const std::optional<PixelFill> pixels = PixelFill::on(painter);
+        const QColor line = pen.color();
+        const QColor inside = brush.color();
+        if (pixels && fill(*pixels, offset, line, isFilled ? &inside : nullptr))
+            return true;
+    }
+    // A recording would tell a line from a path.
+    return !isFilled && isRaster(painter) && drawOutline(painter, offset);
+}
+
+bool PathSource::draw(const Shape *shape, QPainter *painter, const QColor &line, const QColor &fill,
+                      const QPointF &offset)
+{
+    if (!shape->m_source || !isOpaque(line) || (shape->m_fill && !isOpaque(fill)))
+        return false;
+    const std::optional<int> width = widthInPixels(shape, *painter);
+    if (!width || *width < 0 || *width > 1)
+        return false;
+    const std::optional<PixelFill> pixels = PixelFill::on(painter);
+    return pixels && shape->m_source->fill(*pixels, offset, line, shape->m_fill ? &fill : nullptr);
+}
+
+std::optional<int> PathSource::widthInPixels(const Shape *shape, const QPainter &painter)
+{
+    if (shape->m_lineStyle != Qt::SolidLine || painter.device()->physicalDpiX() >= PRINTER_DPI)
+        return std::nullopt;
+    const double scaledWidth = shape->m_lineWidth * painter.transform().m11();
+    return static_cast<int>(scaledWidth + 0.4999); // exactly half a pixel rounds down
+}
+
+bool PathSource::fill(const PixelFill & /*pixels*/, const QPointF & /*offset*/,
+                      const QColor & /*line*/, const QColor * /*fill*/) const
+{
+    return false;
+}
+
+bool PathSource::drawOutline(QPainter * /*painter*/, const QPointF & /*offset*/) const
 {
     return false;
 }
@@ -117,28 +148,11 @@ std::optional<bool> RectangleSource::contains(const QPointF &point) const
            point.y() < rect.bottom();
 }
 
-// The outline lies on the pixels that follow the right and the lower edge, as that of a path does.
-// Qt leaves out a corner of a path that begins left of the device; here it stays, or scrolling
-// would bring the gap into sight.
-bool RectangleSource::draw(QPainter *painter, const QPointF &offset) const
+bool RectangleSource::fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
+                           const QColor *fill) const
 {
     const QRectF moved = m_rect.translated(offset);
-    const QRect rect = moved.toRect();
-    if (QRectF(rect) != moved || !isWhole(moved.x()) || !isWhole(moved.y()) || rect.width() < 2 ||
-        rect.height() < 2 || !isPlain(painter) || !isHairline(painter->pen()) ||
-        !isFlat(painter->brush()))
-        return false;
-
-    const QColor line = painter->pen().color();
-    if (painter->brush().style() != Qt::NoBrush)
-        painter->fillRect(rect.adjusted(1, 1, 0, 0), painter->brush().color());
-    const int right = rect.left() + rect.width();
-    const int bottom = rect.top() + rect.height();
-    painter->fillRect(QRect(rect.left(), rect.top(), rect.width() + 1, 1), line);
-    painter->fillRect(QRect(rect.left(), bottom, rect.width() + 1, 1), line);
-    painter->fillRect(QRect(rect.left(), rect.top() + 1, 1, rect.height() - 1), line);
-    painter->fillRect(QRect(right, rect.top() + 1, 1, rect.height() - 1), line);
-    return true;
+    return fill ? pixels.fillRectangle(moved, line, *fill) : pixels.fillFrame(moved, line);
 }
 
 EllipseSource::EllipseSource(const QRectF &rect)
