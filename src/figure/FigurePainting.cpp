@@ -20,6 +20,8 @@
 #include <QStyleOptionRubberBand>
 #include <QStyleOptionViewItem>
 
+#include <optional>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -42,6 +44,21 @@ void drawFocusFrame(QPainter *painter, const QStyleOption &option, const QRect &
     QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter);
 }
 
+// Whether what draws the figure itself looks at no more of the option than the palette.
+bool ignoresOption(Figure &figure)
+{
+    return restoresPainter(&figure) && !figure.getBorder() &&
+           figure.getBackgroundColor() == QColor(Qt::transparent);
+}
+
+bool isLeaf(const Figure &figure)
+{
+    if (!isOwnClass(&figure))
+        return false;
+    const Layout *layout = figure.getLayoutManager();
+    return !layout || ChildTable::paintsNothing(layout);
+}
+
 } // namespace
 
 void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
@@ -61,18 +78,24 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     PaintReach::refresh(*this, bounds);
     // Figures draw themselves by the application's code, which may destroy this one.
     const QPointer<Figure> alive(this);
-    QStyleOptionViewItem part(option);
-    part.rect = rect;
-    drawOwn(painter, part);
-    if (!alive)
+    std::optional<QStyleOptionViewItem> part; // to copy the option takes as long as to draw a line
+    if (ignoresOption(*this)) {
+        drawOwn(painter, option);
+    } else {
+        part.emplace(option).rect = rect;
+        drawOwn(painter, *part);
+    }
+    if (!alive || (!m_clientAreaHighlighted && isLeaf(*this)))
         return;
 
     const QRect content = calculateContentRect(rect);
     if (!content.isValid())
         return;
-    part.rect = PaintReach::childDamage(*this, content, option.rect);
-    if (part.rect.isValid())
-        drawChildren(painter, part);
+    if (!part)
+        part.emplace(option);
+    part->rect = PaintReach::childDamage(*this, content, option.rect);
+    if (part->rect.isValid())
+        drawChildren(painter, *part);
     if (alive && m_clientAreaHighlighted)
         drawHighlight(painter, option, content);
 }

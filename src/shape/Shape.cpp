@@ -339,6 +339,8 @@ void Shape::adoptPaletteColor(QColor &color, const QColor &paletteColor) const
 
 Shape::Colors Shape::enabledColors(const QPalette &palette) const
 {
+    if (m_enabledFGColor.isValid() && m_enabledBGColor.isValid())
+        return {m_enabledFGColor, m_enabledBGColor};
     adoptPaletteColor(m_enabledFGColor, palette.color(QPalette::Active, QPalette::ButtonText));
     adoptPaletteColor(m_enabledBGColor, palette.color(QPalette::Active, QPalette::Button));
     return {m_enabledFGColor, m_enabledBGColor};

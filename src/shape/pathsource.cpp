@@ -1,5 +1,6 @@
 #include "pathsource_p.h"
 
+#include "figure/paintregion_p.h"
 #include "layout/childtable_p.h"
 
 #include <figura/shape/Shape.h>
@@ -68,7 +69,7 @@ bool PathSource::draw(const Shape *shape, QPainter *painter, const QColor &line,
 
 std::optional<int> PathSource::widthInPixels(const Shape *shape, const QPainter &painter)
 {
-    if (shape->m_lineStyle != Qt::SolidLine || painter.device()->physicalDpiX() >= PRINTER_DPI)
+    if (shape->m_lineStyle != Qt::SolidLine || PaintRegion::dotsPerInch(&painter) >= PRINTER_DPI)
         return std::nullopt;
     const double scaledWidth = shape->m_lineWidth * painter.transform().m11();
     return static_cast<int>(scaledWidth + 0.4999); // exactly half a pixel rounds down
@@ -76,6 +77,11 @@ std::optional<int> PathSource::widthInPixels(const Shape *shape, const QPainter 
 
 bool PathSource::fill(const PixelFill & /*pixels*/, const QPointF & /*offset*/,
                       const QColor & /*line*/, const QColor * /*fill*/) const
+{
+    return false;
+}
+
+bool PathSource::isMadeOf(const void * /*points*/, qsizetype /*count*/) const
 {
     return false;
 }
@@ -88,6 +94,11 @@ bool PathSource::drawOutline(QPainter * /*painter*/, const QPointF & /*offset*/)
 std::optional<bool> PathSource::contains(const QPointF & /*point*/) const
 {
     return {};
+}
+
+bool PathSource::isMadeOf(const Shape *shape, const void *points, qsizetype count)
+{
+    return shape->m_source && shape->m_source->isMadeOf(points, count);
 }
 
 void PathSource::give(Shape *shape, std::unique_ptr<PathSource> source)

@@ -48,6 +48,8 @@ public:
     /// What the path answers, where that is known without it.
     virtual std::optional<bool> contains(const QPointF &point) const;
 
+    /// Whether \a shape has the path of just that list of points, not only of equal ones.
+    static bool isMadeOf(const Shape *shape, const void *points, qsizetype count);
     static void give(Shape *shape, std::unique_ptr<PathSource> source);
     static QRectF boundsOf(const Shape *shape);                     ///< Of its path, built or not.
     static Outline outlineOf(const Shape *shape);                   ///< Of its path, built or not.
@@ -58,6 +60,7 @@ protected:
     /// Fills what an opaque hairline covers, and within it, unless \a fill is null.
     virtual bool fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
                       const QColor *fill) const;
+    virtual bool isMadeOf(const void *points, qsizetype count) const;
     /// Draws the outline by something simpler than its path.
     virtual bool drawOutline(QPainter *painter, const QPointF &offset) const;
 };
@@ -132,6 +135,11 @@ protected:
     {
         return !fill && isOneLine() &&
                pixels.fillLine(m_points.first() + offset, m_points.last() + offset, line);
+    }
+
+    bool isMadeOf(const void *points, qsizetype count) const override
+    {
+        return m_points.constData() == points && m_points.size() == count;
     }
 
     bool drawOutline(QPainter *painter, const QPointF &offset) const override

@@ -1,4 +1,8 @@
+#include <figure/workcounters_p.h>
+
 #include <figura/connection/Polyline.h>
+#include <figura/figure/Border.h>
+#include <figura/layout/XYLayout.h>
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/Rectangle.h>
 
@@ -191,6 +195,11 @@ private Q_SLOTS:
     void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
+    void pathThatWasChangedIsMadeOfTheSamePointsAgain();
+    void borderIsHandedTheRectangleOfItsShape();
+    void layoutWithoutChildrenIsLaidOutForThePaint();
+    void layoutOfTheApplicationPaintsAlsoWithoutChildren();
+    void shapeWithoutChildrenIsHighlighted();
 };
 
 void tst_Shape_Shortcuts::rectangleLooksLikeItsPath_data()
@@ -523,6 +532,87 @@ void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
     QVERIFY(ellipse.contains(QPoint(2, 15)));
     QVERIFY(!ellipse.contains(QPoint(2, 2)));
     QVERIFY(!ellipse.contains(QPoint(120, 15)));
+}
+
+void tst_Shape_Shortcuts::pathThatWasChangedIsMadeOfTheSamePointsAgain()
+{
+    struct OpenLine : Polyline
+    {
+        using Polyline::painterPath;
+    };
+    OpenLine line;
+    line.setLinePoints({QPoint(0, 0), QPoint(50, 40)});
+    line.rebuildPath();
+    const QRectF before = line.painterPath().boundingRect();
+    line.painterPath().lineTo(500, 500);
+
+    line.rebuildPath();
+
+    QCOMPARE(line.painterPath().boundingRect(), before);
+}
+
+void tst_Shape_Shortcuts::borderIsHandedTheRectangleOfItsShape()
+{
+    struct Recorder : Border
+    {
+        void render(QPainter * /*painter*/, const QStyleOptionViewItem &option) const override
+        {
+            seen = option.rect;
+        }
+        mutable QRect seen;
+    };
+    Recorder border;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setBorder(&border);
+
+    picture(rectangle, {}, {}, false);
+
+    QCOMPARE(border.seen, QRect(10, 20, 30, 40));
+}
+
+void tst_Shape_Shortcuts::layoutWithoutChildrenIsLaidOutForThePaint()
+{
+    XYLayout layout;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setLayoutManager(&layout);
+    const long before = workCounters().laidOut;
+
+    picture(rectangle, {}, {}, false);
+    picture(rectangle, {}, {}, false);
+
+    QCOMPARE(workCounters().laidOut - before, 1L);
+}
+
+void tst_Shape_Shortcuts::layoutOfTheApplicationPaintsAlsoWithoutChildren()
+{
+    struct PaintingLayout : XYLayout
+    {
+        void render(QPainter *painter, const QStyleOptionViewItem &option) override
+        {
+            painter->fillRect(option.rect, Qt::green);
+        }
+    };
+    PaintingLayout layout;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setLayoutManager(&layout);
+    rectangle.validate(); // there is nothing left to lay out
+
+    QCOMPARE(picture(rectangle, {}, {}, false).pixelColor(20, 30), QColor(Qt::green));
+}
+
+void tst_Shape_Shortcuts::shapeWithoutChildrenIsHighlighted()
+{
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.rebuildPath();
+    const QImage before = picture(rectangle, {}, {}, false);
+
+    rectangle.highlightClientArea(true);
+
+    QVERIFY(picture(rectangle, {}, {}, false) != before);
 }
 
 Q_DECLARE_METATYPE(Preparation)
