@@ -201,13 +201,15 @@ void Results::add(const QString &row, const QString &side, const QString &unit, 
 void compare(const Plan &plan, Results &results)
 {
     const Scene scene(plan.count);
-    measureHeap(plan, scene, results);
-    measureLife(plan, scene, results);
+    if (plan.workloads.isEmpty()) {
+        measureHeap(plan, scene, results);
+        measureLife(plan, scene, results);
+    }
 
     std::vector<std::unique_ptr<Entry>> entries;
     for (const SideKind &kind : plan.sides)
         entries.push_back(std::make_unique<Entry>(kind, scene));
     checkAgreement(scene, entries);
-    for (const Workload &workload : makeWorkloads(scene))
+    for (const Workload &workload : workloadsNamed(plan.workloads, scene))
         takeTurns(plan, workload, entries, results);
 }

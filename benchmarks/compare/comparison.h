@@ -5,6 +5,8 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
+
 struct SideKind
 {
     QString name;
@@ -28,6 +30,7 @@ struct Plan
     int buildRepetitions = 9;
     double millisecondsPerRepetition = 20;
     QList<SideKind> sides;
+    QStringList workloads; ///< By name; all when empty, and only then those of life and memory.
 };
 
 /// Builds every side and lets them take turns at every workload.
@@ -35,6 +38,11 @@ void compare(const Plan &plan, Results &results);
 
 /// Routes through a Manhattan router between neighbours and between random pairs.
 void measureRouter(const Plan &plan, Results &results);
+
+/// Calls \a counted with the name of each kind of routing, how many routes it makes, and a run of
+/// it.
+void countRoutes(
+    const std::function<void(const QString &, int, const std::function<void()> &)> &counted);
 
 void printTable(const Plan &plan, const Results &results);
 QByteArray toJson(const Plan &plan, const Results &results);

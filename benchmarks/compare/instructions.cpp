@@ -1,5 +1,6 @@
 #include "instructions.h"
 
+#include "comparison.h"
 #include "paintwatch.h"
 #include "workloads.h"
 
@@ -46,29 +47,35 @@ void countWorkload(const Workload &workload, Side &side, PaintWatch &watch)
 
 } // namespace
 
-bool countInstructions(int count)
+bool countInstructions(int count, const QStringList &workloads, const SideMaker &makeSide)
 {
     if (!RUNNING_ON_VALGRIND)
         return false;
 
+    if (workloads.isEmpty() || workloads.contains(QStringLiteral("routes"))) {
+        countRoutes([](const QString &name, int units, const std::function<void()> &work) {
+            counted(name, units, work);
+        });
+    }
     const Scene scene(count);
-    std::unique_ptr<Side> side = makeFiguraSide(scene);
+    std::unique_ptr<Side> side = makeSide(scene);
     std::unique_ptr<PaintWatch> watch;
     counted(QStringLiteral("build"), count, [&] {
         side->build(true);
         watch = std::make_unique<PaintWatch>(side->canvas());
         watch->awaitPaint();
     });
-    for (const Workload &workload : makeWorkloads(scene)) {
+    for (const Workload &workload : workloadsNamed(workloads, scene)) {
         // Grows with what is shown, by its nature.
-        if (workload.name != QStringLiteral("whole scene fitted"))
+        if (!workloads.isEmpty() || workload.name != QStringLiteral("whole scene fitted"))
             countWorkload(workload, *side, *watch);
     }
     counted(QStringLiteral("destroy"), count, [&] { side.reset(); });
     return true;
 }
 #else
-bool countInstructions(int /*count*/)
+bool countInstructions(int /*count*/, const QStringList & /*workloads*/,
+                       const SideMaker & /*makeSide*/)
 {
     return false;
 }

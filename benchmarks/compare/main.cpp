@@ -26,6 +26,11 @@ QList<SideKind> sidesNamed(const QString &names)
     return sides;
 }
 
+QStringList workloadsGiven(const QCommandLineParser &options)
+{
+    return options.value(QStringLiteral("workloads")).split(u',', Qt::SkipEmptyParts);
+}
+
 bool write(const QString &path, const QByteArray &json)
 {
     QFile file(path);
@@ -40,6 +45,7 @@ int run(const QCommandLineParser &options)
     plan.buildRepetitions = options.value(QStringLiteral("builds")).toInt();
     plan.millisecondsPerRepetition = options.value(QStringLiteral("milliseconds")).toDouble();
     plan.sides = sidesNamed(options.value(QStringLiteral("sides")));
+    plan.workloads = workloadsGiven(options);
 
     Results results;
     compare(plan, results);
@@ -68,13 +74,19 @@ int main(int argc, char **argv)
          {text("builds"), text("Repetitions of building and destroying"), text("n"), text("9")},
          {text("milliseconds"), text("For one repetition"), text("ms"), text("20")},
          {text("sides"), text("Names, separated by commas"), text("names")},
+         {text("workloads"), text("Names, separated by commas"), text("names")},
          {text("router"), text("Measure the Manhattan router too")},
          {text("json"), text("Where to write the results"), text("file")},
          {text("instructions"), text("Only run for callgrind to count")}});
     options.addHelpOption();
     options.process(application);
 
-    if (options.isSet(QStringLiteral("instructions")))
-        return countInstructions(options.value(QStringLiteral("count")).toInt()) ? 0 : 1;
+    if (options.isSet(QStringLiteral("instructions"))) {
+        const QList<SideKind> sides = sidesNamed(options.value(QStringLiteral("sides")));
+        return countInstructions(options.value(QStringLiteral("count")).toInt(),
+                                 workloadsGiven(options), sides.constFirst().make)
+                   ? 0
+                   : 1;
+    }
     return run(options);
 }

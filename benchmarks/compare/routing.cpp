@@ -38,17 +38,19 @@ public:
         m_routes.push_back(std::move(route));
     }
 
-    /// Nanoseconds for each route, all of them found anew.
-    double routeAll()
+    void removeAll()
     {
         for (Route &route : m_routes)
             m_router.remove(route.line.get());
-        QElapsedTimer timer;
-        timer.start();
+    }
+
+    void routeAll()
+    {
         for (Route &route : m_routes)
             m_router.route(route.line.get());
-        return double(timer.nsecsElapsed()) / double(m_routes.size());
     }
+
+    int count() const { return int(m_routes.size()); }
 
 private:
     std::vector<std::unique_ptr<Rectangle>> m_boxes;
@@ -59,27 +61,55 @@ private:
 double medianRoute(RouterScene &scene, int repetitions)
 {
     QList<double> samples;
-    for (int i = 0; i < repetitions; ++i)
-        samples.append(scene.routeAll() / 1000);
+    for (int i = 0; i < repetitions; ++i) {
+        scene.removeAll();
+        QElapsedTimer timer;
+        timer.start();
+        scene.routeAll();
+        samples.append(double(timer.nsecsElapsed()) / 1000 / scene.count());
+    }
     return medianOf(samples);
 }
+
+/// 10000 routes between neighbours and 10000 between random pairs.
+struct RouterScenes
+{
+    RouterScenes()
+    {
+        Numbers numbers;
+        for (int i = 0; i < scene.count(); ++i) {
+            near.connectPair(i, i + 1 < scene.count() ? i + 1 : i - 1);
+            const int other = numbers.below(scene.count());
+            far.connectPair(i, other == i ? 0 : other);
+        }
+    }
+
+    const Scene scene{10000};
+    RouterScene near{scene};
+    RouterScene far{scene};
+};
 
 } // namespace
 
 void measureRouter(const Plan &plan, Results &results)
 {
-    const Scene scene(10000);
-    RouterScene near(scene);
-    RouterScene far(scene);
-    Numbers numbers;
-    for (int i = 0; i < scene.count(); ++i) {
-        near.connectPair(i, i + 1 < scene.count() ? i + 1 : i - 1);
-        const int other = numbers.below(scene.count());
-        far.connectPair(i, other == i ? 0 : other);
-    }
+    RouterScenes scenes;
     const QString side = QStringLiteral("figura");
     results.add(QStringLiteral("Manhattan, neighbours"), side, QStringLiteral("us"),
-                medianRoute(near, plan.repetitions));
+                medianRoute(scenes.near, plan.repetitions));
     results.add(QStringLiteral("Manhattan, random pairs"), side, QStringLiteral("us"),
-                medianRoute(far, plan.repetitions));
+                medianRoute(scenes.far, plan.repetitions));
+}
+
+void countRoutes(
+    const std::function<void(const QString &, int, const std::function<void()> &)> &counted)
+{
+    RouterScenes scenes;
+    for (RouterScene *scene : {&scenes.near, &scenes.far}) {
+        scene->routeAll();
+        scene->removeAll();
+        counted(scene == &scenes.near ? QStringLiteral("Manhattan, neighbours")
+                                      : QStringLiteral("Manhattan, random pairs"),
+                scene->count(), [scene] { scene->routeAll(); });
+    }
 }

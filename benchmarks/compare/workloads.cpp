@@ -182,3 +182,11 @@ QList<Workload> makeWorkloads(const Scene &scene)
     }
     return all;
 }
+
+QList<Workload> workloadsNamed(const QStringList &names, const Scene &scene)
+{
+    QList<Workload> workloads = makeWorkloads(scene);
+    if (!names.isEmpty())
+        workloads.removeIf([&names](const Workload &each) { return !names.contains(each.name); });
+    return workloads;
+}

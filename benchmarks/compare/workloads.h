@@ -3,6 +3,7 @@
 #include "side.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <functional>
 
@@ -19,3 +20,5 @@ struct Workload
 
 /// All that can be repeated on one scene, in an order in which none disturbs the next.
 QList<Workload> makeWorkloads(const Scene &scene);
+/// Only those in \a names, unless that is empty.
+QList<Workload> workloadsNamed(const QStringList &names, const Scene &scene);

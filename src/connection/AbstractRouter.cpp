@@ -1,8 +1,9 @@
 #include <figura/connection/AbstractRouter.h>
 
+#include "watched_p.h"
+
 #include <figura/connection/IConnection.h>
 #include <figura/connection/IConnectionAnchor.h>
-#include <figura/figure/InterfacePointer.h>
 
 namespace Velmora::Figura {
 namespace {
@@ -12,9 +13,9 @@ QPoint locationTowards(IConnectionAnchor *from, IConnectionAnchor *to)
 {
     if (!to)
         return QPoint();
-    const InterfacePointer<IConnectionAnchor> asked(from);
+    const Watched asked(from);
     const QPoint reference = to->getReferencePoint();
-    return asked ? asked->getLocation(reference) : QPoint();
+    return asked ? from->getLocation(reference) : QPoint();
 }
 
 template<typename Point>
@@ -62,7 +63,7 @@ void AbstractRouter::route(IConnection *connection)
 {
     if (!connection)
         return;
-    const InterfacePointer<IConnection> alive(connection);
+    const Watched alive(connection);
     const QList<QPoint> points = doRoute(connection);
     if (alive && isRoute(points))
         connection->setPoints(points);
@@ -73,7 +74,7 @@ void AbstractRouter::routeF(IConnection *connection)
 {
     if (!connection)
         return;
-    const InterfacePointer<IConnection> alive(connection);
+    const Watched alive(connection);
     const QList<QPointF> points = doRouteF(connection);
     if (alive && isRoute(points))
         connection->setPointsF(points);

@@ -7,6 +7,8 @@
 #include <figura/connection/IConnectionAnchor.h>
 #include <figura/figure/Figure.h>
 
+#include <QVarLengthArray>
+
 #include <functional>
 #include <optional>
 #include <typeinfo>
@@ -16,16 +18,67 @@ namespace {
 
 constexpr int stubLength = 10;
 
-// The coordinate along \a direction of the end of a stub; negative ones lose their sign, on
-// purpose.
-int stubEnd(const Ray &point, const Ray &direction)
+using Lines = QVarLengthArray<int, 8>;
+
+// A Ray in plain numbers: a Ray is a QObject, and a route would take a dozen of them.
+struct Vector
 {
-    return direction.similarity(point.getAdded(direction.getScaled(stubLength)));
+    Vector(int xPart, int yPart)
+        : x(xPart)
+        , y(yPart)
+    {
+    }
+    explicit Vector(const Ray &ray)
+        : Vector(ray.x(), ray.y())
+    {
+    }
+    explicit Vector(const QPoint &point)
+        : Vector(point.x(), point.y())
+    {
+    }
+
+    int dotProduct(const Vector &other) const { return x * other.x + y * other.y; }
+    bool isHorizontal() const { return x != 0; } // a diagonal counts as horizontal, on purpose
+
+    int x;
+    int y;
+};
+
+const Vector up(0, -1);
+const Vector down(0, 1);
+const Vector left(-1, 0);
+const Vector right(1, 0);
+
+// Distances are compared in a fixed order, so that ties go to the top over the left and to the
+// bottom over the top, while the right side wins only when it is strictly nearer.
+Vector sideOf(const QRect &box, const QPoint &point, bool reversed)
+{
+    int distance = qAbs(box.left() - point.x());
+    const Vector *direction = reversed ? &right : &left;
+    if (const int top = qAbs(box.top() - point.y()); top <= distance) {
+        distance = top;
+        direction = reversed ? &down : &up;
+    }
+    if (const int bottom = qAbs(box.bottom() - point.y()); bottom <= distance) {
+        distance = bottom;
+        direction = reversed ? &up : &down;
+    }
+    if (qAbs(box.right() - point.x()) < distance)
+        direction = reversed ? &left : &right;
+    return *direction;
 }
 
-int along(const Ray &point, bool horizontal)
+// The coordinate along \a direction of the end of a stub; negative ones lose their sign, on
+// purpose.
+int stubEnd(const Vector &point, const Vector &direction)
 {
-    return horizontal ? point.y() : point.x();
+    return qAbs(direction.dotProduct(
+        {point.x + stubLength * direction.x, point.y + stubLength * direction.y}));
+}
+
+int along(const Vector &point, bool horizontal)
+{
+    return horizontal ? point.y : point.x;
 }
 
 QRect boxAt(IConnectionAnchor *anchor, const QPoint &point)
@@ -41,18 +94,19 @@ QRect boxAt(IConnectionAnchor *anchor, const QPoint &point)
 class Positions
 {
 public:
-    Positions(const Ray &start, const Ray &end, const Ray &startDirection, const Ray &endDirection)
+    Positions(const Vector &start, const Vector &end, const Vector &startDirection,
+              const Vector &endDirection)
         : m_start(start)
         , m_end(end)
         , m_startDirection(startDirection)
         , m_endDirection(endDirection)
-        , m_average(start.getAveraged(end))
-        , m_distance(start, end)
+        , m_average((start.x + end.x) / 2, (start.y + end.y) / 2)
+        , m_distance(end.x - start.x, end.y - start.y)
         , m_horizontal(startDirection.isHorizontal())
     {
     }
 
-    QList<int> compute()
+    const Lines &compute()
     {
         m_list.append(along(m_start, m_horizontal));
         m_horizontal = !m_horizontal;
@@ -102,14 +156,14 @@ private:
         m_horizontal = m_startDirection.isHorizontal();
     }
 
-    const Ray &m_start;
-    const Ray &m_end;
-    const Ray &m_startDirection;
-    const Ray &m_endDirection;
-    const Ray m_average;
-    const Ray m_distance;
+    const Vector m_start;
+    const Vector m_end;
+    const Vector m_startDirection;
+    const Vector m_endDirection;
+    const Vector m_average;
+    const Vector m_distance;
     bool m_horizontal;
-    QList<int> m_list;
+    Lines m_list;
 };
 
 struct Bounds
@@ -210,40 +264,27 @@ ManhattanConnectionRouter::ManhattanConnectionRouter(QObject *parent)
 
 ManhattanConnectionRouter::~ManhattanConnectionRouter() = default;
 
-// Distances are compared in a fixed order, so that ties go to the top over the left and to the
-// bottom over the top, while the right side wins only when it is strictly nearer.
 Ray ManhattanConnectionRouter::getDirection(const QRect &box, const QPoint &point, bool reversed)
 {
-    int distance = qAbs(box.left() - point.x());
-    Ray direction = reversed ? RIGHT : LEFT;
-    if (const int top = qAbs(box.top() - point.y()); top <= distance) {
-        distance = top;
-        direction = reversed ? DOWN : UP;
-    }
-    if (const int bottom = qAbs(box.bottom() - point.y()); bottom <= distance) {
-        distance = bottom;
-        direction = reversed ? UP : DOWN;
-    }
-    if (qAbs(box.right() - point.x()) < distance)
-        direction = reversed ? LEFT : RIGHT;
-    return direction;
+    const Vector side = sideOf(box, point, reversed);
+    return Ray(side.x, side.y);
 }
 
 Ray ManhattanConnectionRouter::getEndDirection(IConnection *connection)
 {
     const QPointer<ManhattanConnectionRouter> alive(this);
-    const InterfacePointer<IConnection> asked(connection);
+    const Watched asked(connection);
     const QPoint point = getEndPoint(connection);
-    const QRect box = boxAt(asked ? asked->getTargetAnchor() : nullptr, point);
+    const QRect box = boxAt(asked ? connection->getTargetAnchor() : nullptr, point);
     return alive ? getDirection(box, point, false) : LEFT;
 }
 
 Ray ManhattanConnectionRouter::getStartDirection(IConnection *connection)
 {
     const QPointer<ManhattanConnectionRouter> alive(this);
-    const InterfacePointer<IConnection> asked(connection);
+    const Watched asked(connection);
     const QPoint point = getStartPoint(connection);
-    const QRect box = boxAt(asked ? asked->getSourceAnchor() : nullptr, point);
+    const QRect box = boxAt(asked ? connection->getSourceAnchor() : nullptr, point);
     return alive ? getDirection(box, point, false) : LEFT;
 }
 
@@ -281,17 +322,30 @@ QList<QPoint> ManhattanConnectionRouter::doRoute(IConnection *connection)
     if (!goesOn)
         return {};
     connection->translateToRelative(end);
-    const Ray startDirection = getStartDirection(connection);
+    // A subclass may have other directions in mind; nobody hears of the Rays otherwise.
+    const bool isOwn = isPlain(this);
+    const auto sideAt = [&](const QPoint &point, IConnectionAnchor *anchor) {
+        return sideOf(boxAt(anchor, point), point, false);
+    };
+    const auto startSide = [&]() {
+        const QPoint point = getStartPoint(connection);
+        return sideAt(point, goesOn ? connection->getSourceAnchor() : nullptr);
+    };
+    const auto endSide = [&]() {
+        const QPoint point = getEndPoint(connection);
+        return sideAt(point, goesOn ? connection->getTargetAnchor() : nullptr);
+    };
+    const Vector startDirection = isOwn ? startSide() : Vector(getStartDirection(connection));
     if (!goesOn)
         return {};
-    const Ray endDirection = getEndDirection(connection);
+    const Vector endDirection = isOwn ? endSide() : Vector(getEndDirection(connection));
     if (!goesOn)
         return {};
 
-    const Ray from(start);
-    const Ray to(end);
-    const QList<int> positions = Positions(from, to, startDirection, endDirection).compute();
-    return processPositions(from, to, positions, startDirection.isHorizontal(), connection);
+    Positions positions(Vector(start), Vector(end), startDirection, endDirection);
+    const Lines &lines = positions.compute();
+    return processPositions(Ray(start), Ray(end), QList<int>(lines.begin(), lines.end()),
+                            startDirection.isHorizontal(), connection);
 }
 
 QList<QPointF> ManhattanConnectionRouter::doRouteF(IConnection *connection)
@@ -307,13 +361,16 @@ QList<QPoint> ManhattanConnectionRouter::processPositions(const Ray &start, cons
 
     const qsizetype count = positions.size();
     const bool endsAtX = horizontal == (count % 2 == 1);
-    QList<int> lines = positions;
-    lines.prepend(horizontal ? start.x() : start.y());
+    Lines lines;
+    lines.append(horizontal ? start.x() : start.y());
+    lines.append(positions.constData(), count);
     lines.append(endsAtX ? end.x() : end.y());
 
     // The first and the last segment are fixed by the end points; those between are moved to free
     // lines, and what follows is reckoned from where they went.
-    QList<QPoint> points{QPoint(start.x(), start.y())};
+    QList<QPoint> points;
+    points.reserve(count + 1);
+    points.append(QPoint(start.x(), start.y()));
     for (qsizetype k = 2; k <= count; ++k) {
         horizontal = !horizontal;
         int &line = lines[k];
@@ -387,8 +444,8 @@ ManhattanConnectionRouter::Reservation &
 ManhattanConnectionRouter::reservationOf(IConnection *connection)
 {
     Reservation &reservation = m_reservations[connection];
-    auto *object = dynamic_cast<QObject *>(connection);
-    if (object && !reservation.watch) {
+    QObject *object = reservation.watch ? nullptr : objectOf(connection);
+    if (object) {
         reservation.watch = connect(object, &QObject::destroyed, this,
                                     [this, connection]() { removeReservedLines(connection); });
     }
@@ -397,6 +454,8 @@ ManhattanConnectionRouter::reservationOf(IConnection *connection)
 
 void ManhattanConnectionRouter::removeReservedLines(IConnection *connection)
 {
+    if (m_reservations.isEmpty())
+        return;
     const Reservation reservation = m_reservations.take(connection);
     disconnect(reservation.watch);
     for (const int column : reservation.columns)

@@ -144,11 +144,16 @@ public:
             line->repaint();
     }
 
-    /// Asks for the points by the virtual operation, so that a subclass may supply others.
+    /// Asks for the points by the virtual operation, so that a subclass may supply others. A
+    /// connection announces its path twice while it is laid out.
     template<class Point, class Line>
     static void regeneratePath(Line *line)
     {
-        PathSource::give(line, std::make_unique<PointsSource<Point>>(line->getLinePoints()));
+        const QList<Point> points = line->getLinePoints();
+        if (PathSource::isMadeOf(line, points.constData(), points.size()))
+            ChildTable::note(line, Pending::Area);
+        else
+            PathSource::give(line, std::make_unique<PointsSource<Point>>(points));
     }
 
     /// Whether \a p is within \a tolerance of the segment. `Rect` is the rectangle of `Point`s.

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "watched_p.h"
+
 #include <figura/connection/AbstractRouter.h>
 #include <figura/connection/IConnection.h>
-#include <figura/figure/InterfacePointer.h>
 
 #include <QPointer>
 
@@ -24,7 +25,7 @@ public:
 
 private:
     QPointer<AbstractRouter> m_router;
-    InterfacePointer<IConnection> m_connection;
+    Watched m_connection;
 };
 
 } // namespace Velmora::Figura

@@ -21,6 +21,8 @@
 #include <QStyleOptionRubberBand>
 #include <QStyleOptionViewItem>
 
+#include <optional>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -43,6 +45,13 @@ void drawFocusFrame(QPainter *painter, const QStyleOption &option, const QRect &
     QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, painter);
 }
 
+// Whether what draws the figure itself looks at no more of the option than the palette.
+bool ignoresOption(Figure &figure)
+{
+    return restoresPainter(&figure) && !figure.getBorder() &&
+           figure.getBackgroundColor() == QColor(Qt::transparent);
+}
+
 } // namespace
 
 void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
@@ -62,20 +71,35 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
     PaintReach::refresh(*this, bounds);
     // Figures draw themselves by the application's code, which may destroy this one.
     const FigureGuard alive(this);
-    QStyleOptionViewItem part(option);
-    part.rect = rect;
-    drawOwn(painter, part);
-    if (!alive)
+    std::optional<QStyleOptionViewItem> part; // to copy the option takes as long as to draw a line
+    if (ignoresOption(*this)) {
+        drawOwn(painter, option);
+    } else {
+        part.emplace(option).rect = rect;
+        drawOwn(painter, *part);
+    }
+    if (!alive || (!isClientAreaHighlighted() && isLeaf()))
         return;
 
     const QRect content = calculateContentRect(rect);
     if (!content.isValid())
         return;
-    part.rect = PaintReach::childDamage(*this, content, option.rect);
-    if (part.rect.isValid())
-        drawChildren(painter, part);
-    if (alive && m_extras && m_extras->isClientAreaHighlighted)
+    if (!part)
+        part.emplace(option);
+    part->rect = PaintReach::childDamage(*this, content, option.rect);
+    if (part->rect.isValid())
+        drawChildren(painter, *part);
+    if (alive && isClientAreaHighlighted())
         drawHighlight(painter, option, content);
+}
+
+// Nothing is painted on top of it.
+bool Figure::isLeaf() const
+{
+    if (!isOwnClass(this))
+        return false;
+    const Layout *layout = presentLayout();
+    return !layout || ChildTable::paintsNothing(layout);
 }
 
 // Background, shape and border; the children come on top of all three.

@@ -2,6 +2,8 @@
 
 #include <figura/figure/Figure.h>
 
+#include "layout/childtable_p.h"
+
 #include <figura/figure/ExclusionSearch.h>
 #include <figura/layout/Layout.h>
 
@@ -69,8 +71,9 @@ Figure *Figure::findFigureAt(int x, int y, const ITreeSearch &search) const
     auto *self = const_cast<Figure *>(this);
     self->translateFromParent(point);
     Layout *layout = presentLayout();
+    const bool mayHaveChildren = layout && !ChildTable::isBarren(layout);
     Figure *found =
-        layout ? layout->findDescendantAtExcluding(point.x(), point.y(), search) : nullptr;
+        mayHaveChildren ? layout->findDescendantAtExcluding(point.x(), point.y(), search) : nullptr;
     if (found || !alive)
         return found;
     return search.accept(this) && alive ? self : nullptr;
@@ -91,7 +94,8 @@ void Figure::findFigures(QList<Figure *> &result, const QRect &rect, const ITree
         return;
 
     auto *self = const_cast<Figure *>(this);
-    if (Layout *layout = presentLayout()) {
+    Layout *layout = presentLayout();
+    if (layout && !ChildTable::isBarren(layout)) {
         QRect inside = rect;
         layout->findDescendantFigures(result, self->translateFromParent(inside), search,
                                       containedOnly);

@@ -17,19 +17,45 @@
 #include <figura/shape/TextFigure.h>
 #include <figura/view/FreeformLayeredPane.h>
 
-#include <QSet>
-
+#include <array>
+#include <initializer_list>
 #include <typeinfo>
 
 namespace Velmora::Figura {
 namespace {
 
-using Classes = QSet<const std::type_info *>;
+/// A few classes by the address of their type information, to be looked up for each figure and
+/// step.
+class Classes
+{
+public:
+    explicit Classes(std::initializer_list<const std::type_info *> types)
+    {
+        for (const std::type_info *type : types)
+            m_places[freePlaceOf(type)] = type;
+    }
+
+    bool contains(const std::type_info *type) const { return m_places[freePlaceOf(type)] == type; }
+
+private:
+    // Four times as many places as classes, so that hardly two share one.
+    static constexpr std::size_t placeCount = 128;
+
+    std::size_t freePlaceOf(const std::type_info *type) const
+    {
+        std::size_t place = (reinterpret_cast<quintptr>(type) >> 4) % placeCount;
+        while (m_places[place] && m_places[place] != type)
+            place = (place + 1) % placeCount;
+        return place;
+    }
+
+    std::array<const std::type_info *, placeCount> m_places{};
+};
 
 template<class... Class>
 Classes classes()
 {
-    return {&typeid(Class)...};
+    return Classes({&typeid(Class)...});
 }
 
 // Not the decorations: they place themselves while they are validated.

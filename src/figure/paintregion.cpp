@@ -1,5 +1,7 @@
 #include "paintregion_p.h"
 
+#include <QPainter>
+
 namespace Velmora::Figura {
 namespace {
 
@@ -30,6 +32,15 @@ QList<QRect> PaintRegion::rectsFor(const QPainter *painter, const QRect &rect)
             parts.append(damaged & rect);
     }
     return parts;
+}
+
+int PaintRegion::dotsPerInch(const QPainter *painter)
+{
+    if (!current || current->m_painter != painter)
+        return painter->device()->physicalDpiX();
+    if (current->m_dotsPerInch == 0)
+        current->m_dotsPerInch = painter->device()->physicalDpiX();
+    return current->m_dotsPerInch;
 }
 
 } // namespace Velmora::Figura

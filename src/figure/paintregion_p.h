@@ -21,10 +21,13 @@ public:
 
     /// The parts of \a rect to be painted with \a painter: all of it, unless that is the widget's.
     static QList<QRect> rectsFor(const QPainter *painter, const QRect &rect);
+    /// Of the device of \a painter, which a widget takes long to tell.
+    static int dotsPerInch(const QPainter *painter);
 
 private:
     const QPainter *m_painter;
     const QList<QRect> m_rects;
+    int m_dotsPerInch = 0;
     PaintRegion *m_outer; // a paint event may set off another one
 };
 

@@ -295,7 +295,7 @@ void Layout::setExpandingDirections(Qt::Orientations directions)
 void Layout::findDescendantFigures(QList<Figure *> &result, const QRect &rect,
                                    const ITreeSearch &search, bool containedOnly) const
 {
-    AreaWalk walk(const_cast<Layout *>(this), {rect}, AreaWalk::UPWARDS);
+    AreaWalk walk(const_cast<Layout *>(this), {&rect, 1}, AreaWalk::UPWARDS);
     while (Figure *child = walk.next()) {
         if (child->isVisible())
             child->findFigures(result, rect, search, containedOnly);
@@ -306,7 +306,7 @@ Figure *Layout::findDescendantAtExcluding(int x, int y, const ITreeSearch &searc
 {
     const int reach = ChildGrid::tolerance();
     const QRect around(x - reach, y - reach, 2 * reach + 1, 2 * reach + 1);
-    AreaWalk walk(const_cast<Layout *>(this), {around}, AreaWalk::DOWNWARDS);
+    AreaWalk walk(const_cast<Layout *>(this), {&around, 1}, AreaWalk::DOWNWARDS);
     while (Figure *child = walk.next()) {
         if (!child->isVisible())
             continue;
@@ -333,7 +333,7 @@ void Layout::render(QPainter *painter, const QStyleOptionViewItem &option)
     const QPointer<Layout> alive(this);
     if (!m_laidOut)
         layout(m_figure);
-    if (!alive || !m_figure || !m_laidOut)
+    if (!alive || !m_figure || !m_laidOut || ChildTable::paintsNothing(this))
         return;
 
     painter->save();

@@ -8,7 +8,7 @@
 
 namespace Velmora::Figura {
 
-AreaWalk::AreaWalk(Layout *layout, const QList<QRect> &rects, Direction direction)
+AreaWalk::AreaWalk(Layout *layout, std::span<const QRect> rects, Direction direction)
     : m_layout(layout)
     , m_table(ChildTable::of(layout))
     , m_direction(direction)

@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QRect>
 
-#include <vector>
+#include <span>
 
 namespace Velmora::Figura {
 
@@ -18,7 +18,7 @@ class AreaWalk
 public:
     enum Direction { UPWARDS, DOWNWARDS };
 
-    AreaWalk(Layout *layout, const QList<QRect> &rects, Direction direction);
+    AreaWalk(Layout *layout, std::span<const QRect> rects, Direction direction);
 
     Figure *next(); ///< Null at the end, and when the layout has been destroyed.
 
@@ -29,8 +29,8 @@ private:
     const QPointer<Layout> m_layout;
     ChildTable &m_table;
     const Direction m_direction;
-    std::vector<ChildRecord *> m_found;
-    std::size_t m_position = 0;
+    FoundChildren m_found;
+    qsizetype m_position = 0;
     QList<Figure *> m_all;
     int m_firstSlot = 0;
     int m_slot = -1; // counted from the first

@@ -9,13 +9,14 @@
 #include <figura/shape/Polygon.h>
 
 #include <algorithm>
+#include <typeinfo>
 
 namespace Velmora::Figura {
 namespace {
 
 constexpr int smallestCell = 7; // the power of two that is the side of a cell
-constexpr int levelStep = 2;    // how many powers each level is larger
-constexpr int levelCount = 14;
+constexpr int highestLevel = 13;
+constexpr int levelStep = 2; // how many powers each level is larger
 constexpr quint64 everywhere = ~quint64(0);
 
 int shiftOf(int level)
@@ -27,7 +28,7 @@ int levelOf(const QRect &area)
 {
     const qint64 side = std::max(area.width(), area.height());
     int level = 0;
-    while (level < levelCount - 1 && side > (qint64(1) << shiftOf(level)))
+    while (level < highestLevel && side > (qint64(1) << shiftOf(level)))
         ++level;
     return level;
 }
@@ -38,6 +39,14 @@ quint64 keyOf(int level, qint64 column, qint64 row)
     return quint64(level) << 58 | (quint64(column) & mask) << 29 | (quint64(row) & mask);
 }
 
+quint64 keyOf(const QRect &area)
+{
+    if (!area.isValid())
+        return everywhere;
+    const int level = levelOf(area);
+    return keyOf(level, area.left() >> shiftOf(level), area.top() >> shiftOf(level));
+}
+
 // As QRect::intersects(), which takes longer because the rectangles may be of any kind.
 bool meets(const QRect &area, const QRect &rect)
 {
@@ -46,9 +55,9 @@ bool meets(const QRect &area, const QRect &rect)
 }
 
 // Its children may lie anywhere, and a point in one of them is in the polygon.
-bool isHitByChildren(const Figure *figure)
+bool isHitByChildren(const Figure *figure) // of an own class
 {
-    return qobject_cast<const Polygon *>(figure) && figure->getLayoutManager();
+    return &typeid(*figure) == &typeid(Polygon) && figure->getLayoutManager();
 }
 
 } // namespace
@@ -82,37 +91,31 @@ void ChildGrid::update(ChildTable &table)
     if (!table.isPending(Pending::Area))
         return;
     const ChildTable::Batch batch = table.take(Pending::Area);
-    if (!batch.all) {
-        for (ChildRecord *record : batch.records) {
-            remove(record);
-            insert(record);
-        }
+    for (ChildRecord *record : batch.records)
+        refresh(record);
+    for (int slot = table.firstSlot(); batch.all && slot < table.endSlot(); ++slot) {
+        if (ChildRecord *record = table.recordAt(slot))
+            refresh(record);
+    }
+}
+
+// Most moves end in the cell in which they began.
+void ChildGrid::refresh(ChildRecord *record)
+{
+    const QRect area = areaOf(record);
+    const quint64 key = keyOf(area);
+    if (record->cellPosition >= 0 && record->cell == key) {
+        m_cells.find(key)->at(record->cellPosition).area = area;
         return;
     }
-    clear();
-    for (int slot = table.firstSlot(); slot < table.endSlot(); ++slot) {
-        if (ChildRecord *record = table.recordAt(slot))
-            insert(record);
-    }
+    remove(record);
+    insert(record, key, area);
 }
 
-void ChildGrid::clear()
+void ChildGrid::insert(ChildRecord *record, quint64 key, const QRect &area)
 {
-    m_cells.clear();
-    m_levels.assign(levelCount, 0);
-    m_count = 0;
-}
-
-void ChildGrid::insert(ChildRecord *record)
-{
-    m_levels.resize(levelCount);
-    const QRect area = areaOf(record);
-    quint64 key = everywhere;
-    if (area.isValid()) {
-        const int level = levelOf(area);
-        key = keyOf(level, area.left() >> shiftOf(level), area.top() >> shiftOf(level));
-        ++m_levels[level];
-    }
+    if (key != everywhere)
+        ++m_levels[key >> 58];
     Cell &cell = m_cells[key];
     record->cell = key;
     record->cellPosition = static_cast<int>(cell.size());
@@ -136,7 +139,7 @@ void ChildGrid::remove(ChildRecord *record)
     --m_count;
 }
 
-bool ChildGrid::find(const QRect &rect, std::vector<ChildRecord *> &found) const
+bool ChildGrid::find(const QRect &rect, FoundChildren &found) const
 {
     for (int level = 0; level < static_cast<int>(m_levels.size()); ++level) {
         if (m_levels[level] == 0)
@@ -161,7 +164,7 @@ bool ChildGrid::find(const QRect &rect, std::vector<ChildRecord *> &found) const
     return true;
 }
 
-void ChildGrid::collect(quint64 key, const QRect &rect, std::vector<ChildRecord *> &found) const
+void ChildGrid::collect(quint64 key, const QRect &rect, FoundChildren &found) const
 {
     const auto cell = m_cells.constFind(key);
     if (cell == m_cells.constEnd())

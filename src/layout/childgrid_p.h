@@ -2,13 +2,18 @@
 
 #include <QHash>
 #include <QRect>
+#include <QVarLengthArray>
 
+#include <array>
 #include <vector>
 
 namespace Velmora::Figura {
 
 class ChildTable;
 struct ChildRecord;
+
+/// What a search has found; most find so few that they need no memory of their own.
+using FoundChildren = QVarLengthArray<ChildRecord *, 64>;
 
 /// Tells which children may lie in a rectangle, without asking each of them.
 ///
@@ -24,7 +29,7 @@ public:
 
     /// Appends all records whose area may meet \a rect. False when so many cells are concerned that
     /// it is as well to ask every child.
-    bool find(const QRect &rect, std::vector<ChildRecord *> &found) const;
+    bool find(const QRect &rect, FoundChildren &found) const;
 
     /// Where \a record may be painted or hit; nothing when only the figure itself can say.
     static QRect areaOf(const ChildRecord *record);
@@ -40,12 +45,12 @@ private:
     };
     using Cell = std::vector<Entry>;
 
-    void insert(ChildRecord *record);
-    void clear();
-    void collect(quint64 key, const QRect &rect, std::vector<ChildRecord *> &found) const;
+    void insert(ChildRecord *record, quint64 key, const QRect &area);
+    void refresh(ChildRecord *record);
+    void collect(quint64 key, const QRect &rect, FoundChildren &found) const;
 
     QHash<quint64, Cell> m_cells;
-    std::vector<int> m_levels; // how many children are on each level
+    std::array<int, 14> m_levels{}; // how many children are on each level
     int m_count = 0;
 };
 

@@ -193,7 +193,8 @@ void ChildTable::note(ChildRecord *record, Pending kind)
     if (list.all || record->positions[static_cast<int>(kind)] >= 0)
         return;
     // To tell so many apart would cost more than to visit all.
-    if (list.records.size() >= std::max<std::size_t>(fewNotes, m_figures.size() / 8))
+    const std::size_t share = kind == Pending::Extent ? 8 : 2;
+    if (list.records.size() >= std::max<std::size_t>(fewNotes, m_figures.size() / share))
         noteAll(kind);
     else
         append(record, static_cast<int>(kind));
@@ -270,7 +271,18 @@ void ChildTable::classify(ChildRecord *record)
         append(record, foreignKind);
 }
 
-bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &found)
+bool ChildTable::isBarren(const Layout *layout)
+{
+    return of(layout).count() == 0 && isOwnClass(layout);
+}
+
+bool ChildTable::paintsNothing(const Layout *layout)
+{
+    return isBarren(layout) && layout->m_laidOut;
+}
+
+// When nearly all are found, to walk the list takes less time than to put them in its order.
+bool ChildTable::findIn(std::span<const QRect> rects, FoundChildren &found)
 {
     if (count() < areaSearch().fewestChildren)
         return false;
@@ -281,9 +293,12 @@ bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &f
         if (!rect.isValid() || !m_grid->find(rect, found))
             return false;
     }
+    if (found.size() >= count() - count() / 8)
+        return false;
     number();
     std::sort(found.begin(), found.end(), liesBelow);
-    found.erase(std::unique(found.begin(), found.end()), found.end());
+    if (rects.size() > 1)
+        found.erase(std::unique(found.begin(), found.end()), found.end());
 #ifndef NDEBUG
     static unsigned int searches = 0;
     if (++searches % 1000 == 0)
@@ -293,8 +308,7 @@ bool ChildTable::findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &f
 }
 
 // A change that nobody noted would show only in pixels and clicks.
-void ChildTable::checkFound(const QList<QRect> &rects,
-                            const std::vector<ChildRecord *> &found) const
+void ChildTable::checkFound(std::span<const QRect> rects, const FoundChildren &found) const
 {
     for (ChildRecord *record : m_records) {
         if (!record)

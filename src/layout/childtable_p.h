@@ -9,6 +9,7 @@
 
 #include <array>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace Velmora::Figura {
@@ -100,7 +101,11 @@ public:
     quint64 revision() const { return m_revision; }
 
     /// All that may meet one of \a rects, in their order. False when it is as well to ask all.
-    bool findIn(const QList<QRect> &rects, std::vector<ChildRecord *> &found);
+    bool findIn(std::span<const QRect> rects, FoundChildren &found);
+    /// Whether to look for children of \a layout can lead to nothing, whoever asks.
+    static bool isBarren(const Layout *layout);
+    /// The same for painting them, which also lays them out when that is due.
+    static bool paintsNothing(const Layout *layout);
     const QList<Figure *> &figuresAndGaps() const { return m_figures; }
 
 private:
@@ -120,7 +125,7 @@ private:
     void append(ChildRecord *record, int kind);
     void drop(ChildRecord *record, int kind);
     void classify(ChildRecord *record);
-    void checkFound(const QList<QRect> &rects, const std::vector<ChildRecord *> &found) const;
+    void checkFound(std::span<const QRect> rects, const FoundChildren &found) const;
     int slotCount() const { return static_cast<int>(m_figures.size()); } // gaps included
     static void unlink(const ChildRecord *record);
     void vacate(int slot);

@@ -13,7 +13,7 @@ Rectangle::~Rectangle() = default;
 
 void Rectangle::regeneratePath(const QRectF &rect)
 {
-    PathSource::give(this, std::make_unique<RectangleSource>(rect));
+    PathSource::give(this, makeRectangleSource(rect));
 }
 
 } // namespace Velmora::Figura

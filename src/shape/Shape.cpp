@@ -27,9 +27,6 @@ namespace {
 constexpr auto pathSignal = "pathChanged(QRectF)";
 constexpr auto pathSlot = "regeneratePath(QRectF)";
 
-// From this resolution on a device counts as a printer, where lines keep their size in units.
-constexpr int PRINTER_DPI = 150;
-
 // What half the line takes off each side; an odd width loses its extra pixel right and bottom.
 QMargins halfLine(int lineWidth)
 {
@@ -303,9 +300,13 @@ void Shape::drawFigure(QPainter *painter, const QStyleOptionViewItem &option) co
     if (!painter)
         return;
 
-    const KeptState kept(painter, isOwnClass(this));
     const Colors colors =
         isEnabled() ? enabledColors(option.palette) : disabledColors(option.palette);
+    const bool isOwn = isOwnClass(this);
+    if (isOwn && PathSource::draw(this, painter, colors.pen, colors.fill, absoluteOrigin()))
+        return;
+
+    const KeptState kept(painter, isOwn);
     painter->setBrush(m_fill ? QBrush(colors.fill, Qt::SolidPattern) : QBrush(Qt::NoBrush));
     painter->setPen(createPen(*painter, colors.pen));
 
@@ -339,6 +340,8 @@ void Shape::adoptPaletteColor(QColor &color, const QColor &paletteColor) const
 
 Shape::Colors Shape::enabledColors(const QPalette &palette) const
 {
+    if (m_enabledFGColor.isValid() && m_enabledBGColor.isValid())
+        return {m_enabledFGColor, m_enabledBGColor};
     adoptPaletteColor(m_enabledFGColor, palette.color(QPalette::Active, QPalette::ButtonText));
     adoptPaletteColor(m_enabledBGColor, palette.color(QPalette::Active, QPalette::Button));
     return {m_enabledFGColor, m_enabledBGColor};
@@ -369,12 +372,11 @@ QPen Shape::createPen(const QPainter &painter, const QColor &color) const
     QPen pen(color);
     pen.setStyle(getLineStyle());
 
-    const double scaledWidth = m_lineWidth * painter.transform().m11();
-    if (m_lineStyle == Qt::SolidLine && painter.device()->physicalDpiX() < PRINTER_DPI) {
-        pen.setWidth(static_cast<int>(scaledWidth + 0.4999)); // exactly half a pixel rounds down
+    if (const std::optional<int> width = PathSource::widthInPixels(this, painter)) {
+        pen.setWidth(*width);
         pen.setCosmetic(true);
     } else {
-        pen.setWidth(scaledWidth > 1.0 ? m_lineWidth : 0);
+        pen.setWidth(m_lineWidth * painter.transform().m11() > 1.0 ? m_lineWidth : 0);
     }
     return pen;
 }

@@ -1,5 +1,6 @@
 #include "pathsource_p.h"
 
+#include "figure/paintregion_p.h"
 #include "layout/childtable_p.h"
 
 #include <figura/shape/Shape.h>
@@ -12,27 +13,18 @@
 namespace Velmora::Figura {
 namespace {
 
-bool isWhole(double value)
-{
-    return std::abs(value) < (1 << 24) && value == std::floor(value);
-}
+// From this resolution on a device counts as a printer, where lines keep their size in units.
+constexpr int PRINTER_DPI = 150;
 
 bool isOpaque(const QColor &color)
 {
     return color.alpha() == 255;
 }
 
-// Units are pixels of an image, and nothing is blended.
-bool isPlain(const QPainter *painter)
+bool isRaster(const QPainter *painter)
 {
     const QPaintEngine *engine = painter->paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster)
-        return false;
-    const QTransform &transform = painter->deviceTransform();
-    return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) &&
-           isWhole(transform.dy()) && painter->opacity() == 1.0 &&
-           painter->compositionMode() == QPainter::CompositionMode_SourceOver &&
-           !painter->testRenderHint(QPainter::Antialiasing);
+    return engine && engine->type() == QPaintEngine::Raster;
 }
 
 bool isHairline(const QPen &pen)
@@ -49,7 +41,54 @@ bool isFlat(const QBrush &brush)
 
 } // namespace
 
-bool PathSource::draw(QPainter * /*painter*/, const QPointF & /*offset*/) const
+bool PathSource::draw(QPainter *painter, const QPointF &offset) const
+{
+    const QPen &pen = painter->pen();
+    const QBrush &brush = painter->brush();
+    const bool isFilled = brush.style() != Qt::NoBrush;
+    if (isHairline(pen) && isFlat(brush)) {
+        const std::optional<PixelFill> pixels = PixelFill::on(painter);
+        const QColor line = pen.color();
+        const QColor inside = brush.color();
+        if (pixels && fill(*pixels, offset, line, isFilled ? &inside : nullptr))
+            return true;
+    }
+    // A recording would tell a line from a path.
+    return !isFilled && isRaster(painter) && drawOutline(painter, offset);
+}
+
+bool PathSource::draw(const Shape *shape, QPainter *painter, const QColor &line, const QColor &fill,
+                      const QPointF &offset)
+{
+    if (!shape->m_source || !isOpaque(line) || (shape->m_fill && !isOpaque(fill)))
+        return false;
+    const std::optional<int> width = widthInPixels(shape, *painter);
+    if (!width || *width < 0 || *width > 1)
+        return false;
+    const std::optional<PixelFill> pixels = PixelFill::on(painter);
+    return pixels && shape->m_source->fill(*pixels, offset, line, shape->m_fill ? &fill : nullptr);
+}
+
+std::optional<int> PathSource::widthInPixels(const Shape *shape, const QPainter &painter)
+{
+    if (shape->m_lineStyle != Qt::SolidLine || PaintRegion::dotsPerInch(&painter) >= PRINTER_DPI)
+        return std::nullopt;
+    const double scaledWidth = shape->m_lineWidth * painter.transform().m11();
+    return static_cast<int>(scaledWidth + 0.4999); // exactly half a pixel rounds down
+}
+
+bool PathSource::fill(const PixelFill & /*pixels*/, const QPointF & /*offset*/,
+                      const QColor & /*line*/, const QColor * /*fill*/) const
+{
+    return false;
+}
+
+bool PathSource::isMadeOf(const void * /*points*/, qsizetype /*count*/) const
+{
+    return false;
+}
+
+bool PathSource::drawOutline(QPainter * /*painter*/, const QPointF & /*offset*/) const
 {
     return false;
 }
@@ -57,6 +96,11 @@ bool PathSource::draw(QPainter * /*painter*/, const QPointF & /*offset*/) const
 std::optional<bool> PathSource::contains(const QPointF & /*point*/) const
 {
     return {};
+}
+
+bool PathSource::isMadeOf(const Shape *shape, const void *points, qsizetype count)
+{
+    return shape->m_source && shape->m_source->isMadeOf(points, count);
 }
 
 void PathSource::give(Shape *shape, std::unique_ptr<PathSource> source)
@@ -92,53 +136,55 @@ bool PathSource::contains(const Shape *shape, const QPointF &point)
     return known ? *known : shape->getPainterPath().contains(point);
 }
 
-RectangleSource::RectangleSource(const QRectF &rect)
-    : m_rect(rect)
-{
-}
-
-QPainterPath RectangleSource::build() const
+template<class Rect>
+QPainterPath RectangleSource<Rect>::build() const
 {
     QPainterPath path;
-    path.addRect(m_rect);
+    path.addRect(rect());
     return path;
 }
 
-PathSource::Outline RectangleSource::outline() const
+template<class Rect>
+PathSource::Outline RectangleSource<Rect>::outline() const
 {
-    return {m_rect.isNull(), !m_rect.isNull(), true, m_rect.normalized()};
+    return {rect().isNull(), !rect().isNull(), true, rect().normalized()};
 }
 
 // As the winding number has it, the left and the upper edge are inside, the others are not.
-std::optional<bool> RectangleSource::contains(const QPointF &point) const
+template<class Rect>
+std::optional<bool> RectangleSource<Rect>::contains(const QPointF &point) const
 {
-    const QRectF rect = m_rect.normalized();
-    return point.x() >= rect.left() && point.x() < rect.right() && point.y() >= rect.top() &&
-           point.y() < rect.bottom();
+    const QRectF area = rect().normalized();
+    return point.x() >= area.left() && point.x() < area.right() && point.y() >= area.top() &&
+           point.y() < area.bottom();
 }
 
-// The outline lies on the pixels that follow the right and the lower edge, as that of a path does.
-// Qt leaves out a corner of a path that begins left of the device; here it stays, or scrolling
-// would bring the gap into sight.
-bool RectangleSource::draw(QPainter *painter, const QPointF &offset) const
+template<class Rect>
+bool RectangleSource<Rect>::fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
+                                 const QColor *fill) const
 {
-    const QRectF moved = m_rect.translated(offset);
-    const QRect rect = moved.toRect();
-    if (QRectF(rect) != moved || !isWhole(moved.x()) || !isWhole(moved.y()) || rect.width() < 2 ||
-        rect.height() < 2 || !isPlain(painter) || !isHairline(painter->pen()) ||
-        !isFlat(painter->brush()))
-        return false;
+    const QRectF moved = rect().translated(offset);
+    return fill ? pixels.fillRectangle(moved, line, *fill) : pixels.fillFrame(moved, line);
+}
 
-    const QColor line = painter->pen().color();
-    if (painter->brush().style() != Qt::NoBrush)
-        painter->fillRect(rect.adjusted(1, 1, 0, 0), painter->brush().color());
-    const int right = rect.left() + rect.width();
-    const int bottom = rect.top() + rect.height();
-    painter->fillRect(QRect(rect.left(), rect.top(), rect.width() + 1, 1), line);
-    painter->fillRect(QRect(rect.left(), bottom, rect.width() + 1, 1), line);
-    painter->fillRect(QRect(rect.left(), rect.top() + 1, 1, rect.height() - 1), line);
-    painter->fillRect(QRect(right, rect.top() + 1, 1, rect.height() - 1), line);
-    return true;
+namespace {
+
+// And as small as the numbers of a QRect.
+bool isWhole(double value)
+{
+    return std::abs(value) < (1 << 30) && value == std::floor(value);
+}
+
+} // namespace
+
+std::unique_ptr<PathSource> makeRectangleSource(const QRectF &rect)
+{
+    const bool isWholeRect =
+        isWhole(rect.x()) && isWhole(rect.y()) && isWhole(rect.width()) && isWhole(rect.height());
+    if (!isWholeRect)
+        return std::make_unique<RectangleSource<QRectF>>(rect);
+    const QRect whole(int(rect.x()), int(rect.y()), int(rect.width()), int(rect.height()));
+    return std::make_unique<RectangleSource<QRect>>(whole);
 }
 
 EllipseSource::EllipseSource(const QRectF &rect)

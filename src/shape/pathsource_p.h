@@ -1,6 +1,9 @@
 #pragma once
 
+#include "pixelfill_p.h"
+
 #include <QList>
+#include <QPainter>
 #include <QPainterPath>
 #include <QRectF>
 
@@ -8,8 +11,6 @@
 #include <cmath>
 #include <memory>
 #include <optional>
-
-class QPainter;
 
 namespace Velmora::Figura {
 
@@ -37,31 +38,58 @@ public:
     virtual Outline outline() const = 0;
     /// Draws with the painter's pen and brush where that gives exactly the pixels of the path,
     /// moved by \a offset. False otherwise.
-    virtual bool draw(QPainter *painter, const QPointF &offset) const;
+    bool draw(QPainter *painter, const QPointF &offset) const;
+    /// The same with the pen and the brush that \a shape would give to the painter.
+    static bool draw(const Shape *shape, QPainter *painter, const QColor &line, const QColor &fill,
+                     const QPointF &offset);
+    /// How wide, in pixels, the line of \a shape is whatever the scale; nothing where it grows.
+    static std::optional<int> widthInPixels(const Shape *shape, const QPainter &painter);
 
     /// What the path answers, where that is known without it.
     virtual std::optional<bool> contains(const QPointF &point) const;
 
+    /// Whether \a shape has the path of just that list of points, not only of equal ones.
+    static bool isMadeOf(const Shape *shape, const void *points, qsizetype count);
     static void give(Shape *shape, std::unique_ptr<PathSource> source);
     static QRectF boundsOf(const Shape *shape);                     ///< Of its path, built or not.
     static Outline outlineOf(const Shape *shape);                   ///< Of its path, built or not.
     static bool contains(const Shape *shape, const QPointF &point); ///< Its path, built or not.
     static Outline outlineOf(const QPainterPath &path);
+
+protected:
+    /// Fills what an opaque hairline covers, and within it, unless \a fill is null.
+    virtual bool fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
+                      const QColor *fill) const;
+    virtual bool isMadeOf(const void *points, qsizetype count) const;
+    /// Draws the outline by something simpler than its path.
+    virtual bool drawOutline(QPainter *painter, const QPointF &offset) const;
 };
 
+/// Of a rectangle, in as little room as its numbers allow: most of them are whole.
+template<class Rect>
 class RectangleSource : public PathSource
 {
 public:
-    explicit RectangleSource(const QRectF &rect);
+    explicit RectangleSource(const Rect &rect)
+        : m_rect(rect)
+    {
+    }
 
     QPainterPath build() const override;
     Outline outline() const override;
-    bool draw(QPainter *painter, const QPointF &offset) const override;
     std::optional<bool> contains(const QPointF &point) const override;
 
+protected:
+    bool fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
+              const QColor *fill) const override;
+
 private:
-    const QRectF m_rect;
+    QRectF rect() const { return m_rect; }
+
+    const Rect m_rect;
 };
+
+std::unique_ptr<PathSource> makeRectangleSource(const QRectF &rect);
 
 class EllipseSource : public PathSource
 {
@@ -110,7 +138,34 @@ public:
         return {false, isClosed, false, {least, most}};
     }
 
+protected:
+    bool fill(const PixelFill &pixels, const QPointF &offset, const QColor &line,
+              const QColor *fill) const override
+    {
+        return !fill && isOneLine() &&
+               pixels.fillLine(m_points.first() + offset, m_points.last() + offset, line);
+    }
+
+    bool isMadeOf(const void *points, qsizetype count) const override
+    {
+        return m_points.constData() == points && m_points.size() == count;
+    }
+
+    bool drawOutline(QPainter *painter, const QPointF &offset) const override
+    {
+        if (!isOneLine())
+            return false;
+        painter->drawLine(m_points.first() + offset, m_points.last() + offset);
+        return true;
+    }
+
 private:
+    bool isOneLine() const
+    {
+        return m_points.size() == 2 && m_points.first() != m_points.last() &&
+               std::all_of(m_points.begin(), m_points.end(), isDrawable);
+    }
+
     // A path leaves out what is no number.
     static bool isDrawable(const QPointF &point)
     {

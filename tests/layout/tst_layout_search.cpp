@@ -1,6 +1,7 @@
 #include "layout_fixtures.h"
 
 #include <figura/figure/ExclusionSearch.h>
+#include <figura/layout/XYLayout.h>
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -28,6 +29,30 @@ const ListSearch EVERYTHING;
 struct PlacedFigure : Figure
 {
     explicit PlacedFigure(const QRect &bounds) { setBounds(bounds); }
+};
+
+// Shows a figure that is no child of its own.
+class FindingLayout : public XYLayout
+{
+public:
+    explicit FindingLayout(Figure *found)
+        : m_found(found)
+    {
+    }
+    Figure *findDescendantAtExcluding(int /*x*/, int /*y*/,
+                                      const ITreeSearch & /*search*/) const override
+    {
+        return m_found;
+    }
+    void findDescendantFigures(QList<Figure *> &result, const QRect & /*rect*/,
+                               const ITreeSearch & /*search*/,
+                               bool /*containedOnly*/) const override
+    {
+        result.append(m_found);
+    }
+
+private:
+    Figure *m_found;
 };
 
 QList<Figure *> descendants(const Layout &layout, const QRect &rect, bool containedOnly,
@@ -64,6 +89,8 @@ private Q_SLOTS:
     void containedOnlyLeavesIntersectingChildrenOut();
     void searchAppliesToListedFigures();
     void descendantsStandBeforeTheirAncestor();
+
+    void layoutOfTheApplicationIsAskedAlsoWithoutChildren();
 
     void hitsAgreeWithBruteForce();
 };
@@ -272,6 +299,17 @@ void tst_LayoutSearch::descendantsStandBeforeTheirAncestor()
 
     QCOMPARE(descendants(scene.layout, QRect(10, 10, 5, 5), false),
              (QList<Figure *>{&grandchild, &child.figure}));
+}
+
+void tst_LayoutSearch::layoutOfTheApplicationIsAskedAlsoWithoutChildren()
+{
+    Figure elsewhere(nullptr, Qt::transparent);
+    FindingLayout layout(&elsewhere);
+    PlacedFigure figure(QRect(0, 0, 50, 50));
+    figure.setLayoutManager(&layout);
+
+    QCOMPARE(figure.findFigureAt(10, 10), &elsewhere);
+    QCOMPARE(figure.findFigures(QRect(0, 0, 5, 5), false), (QList<Figure *>{&elsewhere, &figure}));
 }
 
 void tst_LayoutSearch::hitsAgreeWithBruteForce()

@@ -1,3 +1,8 @@
+#include <figure/workcounters_p.h>
+
+#include <figura/connection/Polyline.h>
+#include <figura/figure/Border.h>
+#include <figura/layout/XYLayout.h>
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/Rectangle.h>
 
@@ -12,22 +17,27 @@
 
 using namespace Velmora::Figura;
 
-// A rectangle may be drawn without its path. Which way it was drawn must not be seen.
+// Rectangles and lines may be drawn without their paths. Which way they were drawn must not be
+// seen.
 
 namespace {
 
 // Draws the path, whatever the painter is like.
-class PathRectangle : public Rectangle
+template<class Base>
+class Plain : public Base
 {
 public:
-    using Rectangle::Rectangle;
+    using Base::Base;
 
 protected:
     void drawShape(QPainter *painter, const QStyleOptionViewItem & /*option*/) const override
     {
-        painter->drawPath(absolutePath(getPainterPath()));
+        painter->drawPath(this->absolutePath(this->getPainterPath()));
     }
 };
+
+using PathRectangle = Plain<Rectangle>;
+using PathLine = Plain<Polyline>;
 
 struct Look
 {
@@ -79,6 +89,48 @@ QImage picture(Shape &shape, const QTransform &transform, const QRect &clip, boo
     return image;
 }
 
+// Upright, and at all distances from the middle of a pixel.
+QTransform randomTransform(QRandomGenerator &random)
+{
+    const auto part = [&random](int count) { return (random.bounded(count) + 1.0) / 64; };
+    const double scale = random.bounded(2) ? part(256) : 0.03 + random.generateDouble() * 3;
+    const double other = random.bounded(4) ? scale : part(128);
+    const QPointF moved = random.bounded(2)
+                              ? QPointF(part(320), part(320))
+                              : QPointF(random.generateDouble(), random.generateDouble()) * 20;
+    return QTransform::fromTranslate(moved.x(), moved.y()).scale(scale, other);
+}
+
+struct Segment
+{
+    QPoint from;
+    QPoint to;
+};
+
+Segment randomSegment(QRandomGenerator &random)
+{
+    const auto place = [&random]() { return QPoint(random.bounded(110), random.bounded(90)); };
+    Segment segment{place(), place()};
+    if (random.bounded(3) == 0)
+        segment.to.setX(segment.from.x());
+    else if (random.bounded(2))
+        segment.to.setY(segment.from.y());
+    if (random.bounded(4) == 0) // shorter than a pixel when it is scaled down
+        segment.to = segment.from + QPoint(random.bounded(3), random.bounded(2));
+    return segment;
+}
+
+void dress(Polyline &line, const Look &look, const Segment &segment)
+{
+    line.setEnabledFGColor(look.line);
+    line.setEnabledBGColor(look.fill);
+    line.setFill(look.isFilled);
+    line.setLineWidth(look.lineWidth);
+    line.setLineStyle(look.style);
+    line.setLinePoints({segment.from, segment.to});
+    line.rebuildPath();
+}
+
 using Preparation = std::function<void(QPainter *)>;
 
 // With a painter that was prepared for all that is painted.
@@ -125,6 +177,13 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
     void rectangleLooksLikeItsPath_data();
     void rectangleLooksLikeItsPath();
+    void rectangleLooksLikeItsPathAtAnyScale();
+    void lineLooksLikeItsPath_data();
+    void lineLooksLikeItsPath();
+    void lineLooksLikeItsPathAtAnyScale();
+    void filledLineLooksLikeItsPath();
+    void grayImagesSeeThePath_data();
+    void grayImagesSeeThePath();
     void rectangleLooksTheSameWhereTheDeviceEnds();
     void specialPaintersSeeThePath_data();
     void specialPaintersSeeThePath();
@@ -136,6 +195,11 @@ private Q_SLOTS:
     void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
     void pathIsTheOneThatWasDue();
+    void pathThatWasChangedIsMadeOfTheSamePointsAgain();
+    void borderIsHandedTheRectangleOfItsShape();
+    void layoutWithoutChildrenIsLaidOutForThePaint();
+    void layoutOfTheApplicationPaintsAlsoWithoutChildren();
+    void shapeWithoutChildrenIsHighlighted();
 };
 
 void tst_Shape_Shortcuts::rectangleLooksLikeItsPath_data()
@@ -147,6 +211,9 @@ void tst_Shape_Shortcuts::rectangleLooksLikeItsPath_data()
     QTest::newRow("moved by parts of a pixel") << QTransform::fromTranslate(0.3, 0.7) << false;
     QTest::newRow("doubled") << QTransform::fromScale(2, 2) << false;
     QTest::newRow("a little larger") << QTransform::fromScale(1.3, 1.3) << false;
+    QTest::newRow("smaller") << QTransform::fromScale(0.3, 0.3) << false;
+    QTest::newRow("hardly to be seen") << QTransform::fromScale(0.04, 0.03) << false;
+    QTest::newRow("upside down") << QTransform(1, 0, 0, -0.5, 0, 70) << false;
     QTest::newRow("turned") << QTransform().rotate(10) << false;
     QTest::newRow("smooth") << QTransform() << true;
 }
@@ -167,6 +234,114 @@ void tst_Shape_Shortcuts::rectangleLooksLikeItsPath()
 
         QCOMPARE(picture(direct, transform, clip, isSmooth),
                  picture(drawn, transform, clip, isSmooth));
+    }
+}
+
+void tst_Shape_Shortcuts::rectangleLooksLikeItsPathAtAnyScale()
+{
+    QRandomGenerator random(9);
+
+    for (int i = 0; i < 3000; ++i) {
+        Look look = randomLook(random, 0);
+        look.lineWidth = random.bounded(2);
+        look.style = Qt::SolidLine;
+        const QTransform transform = randomTransform(random);
+        const QRect clip = random.bounded(3) ? QRect() : QRect(20, 10, 50, 40);
+        Rectangle direct(nullptr);
+        PathRectangle drawn(nullptr);
+        dress(direct, look);
+        dress(drawn, look);
+
+        QCOMPARE(picture(direct, transform, clip, false), picture(drawn, transform, clip, false));
+    }
+}
+
+void tst_Shape_Shortcuts::lineLooksLikeItsPath_data()
+{
+    rectangleLooksLikeItsPath_data();
+}
+
+void tst_Shape_Shortcuts::lineLooksLikeItsPath()
+{
+    QFETCH(QTransform, transform);
+    QFETCH(bool, isSmooth);
+    QRandomGenerator random(10);
+
+    for (int i = 0; i < 300; ++i) {
+        Look look = randomLook(random, 4);
+        look.isFilled = false;
+        const Segment segment = randomSegment(random);
+        const QRect clip = random.bounded(3) ? QRect() : QRect(20, 10, 50, 40);
+        Polyline direct(nullptr);
+        PathLine drawn(nullptr);
+        dress(direct, look, segment);
+        dress(drawn, look, segment);
+
+        QCOMPARE(picture(direct, transform, clip, isSmooth),
+                 picture(drawn, transform, clip, isSmooth));
+    }
+}
+
+void tst_Shape_Shortcuts::lineLooksLikeItsPathAtAnyScale()
+{
+    QRandomGenerator random(11);
+
+    for (int i = 0; i < 3000; ++i) {
+        Look look = randomLook(random, 0);
+        look.lineWidth = random.bounded(2);
+        look.style = Qt::SolidLine;
+        look.isFilled = false;
+        const Segment segment = randomSegment(random);
+        const QTransform transform = randomTransform(random);
+        const QRect clip = random.bounded(3) ? QRect() : QRect(20, 10, 50, 40);
+        Polyline direct(nullptr);
+        PathLine drawn(nullptr);
+        dress(direct, look, segment);
+        dress(drawn, look, segment);
+
+        QCOMPARE(picture(direct, transform, clip, false), picture(drawn, transform, clip, false));
+    }
+}
+
+void tst_Shape_Shortcuts::filledLineLooksLikeItsPath()
+{
+    const Look look{{}, Qt::red, Qt::blue, true, 1, Qt::SolidLine};
+    const Segment segment{QPoint(10, 20), QPoint(70, 20)};
+    Polyline direct(nullptr);
+    PathLine drawn(nullptr);
+    dress(direct, look, segment);
+    dress(drawn, look, segment);
+
+    QCOMPARE(picture(direct, {}, {}, false), picture(drawn, {}, {}, false));
+}
+
+void tst_Shape_Shortcuts::grayImagesSeeThePath_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::newRow("8 bits") << QImage::Format_Grayscale8;
+    QTest::newRow("16 bits") << QImage::Format_Grayscale16;
+}
+
+// There a colour that is filled comes out as another gray than one that is stroked.
+void tst_Shape_Shortcuts::grayImagesSeeThePath()
+{
+    QFETCH(QImage::Format, format);
+    const auto paint = [format](Shape *shape, const QColor &line) {
+        dress(*shape, {QRect(10, 10, 50, 40), line, Qt::white, true, 1, Qt::SolidLine});
+        QImage image(120, 100, format);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 120, 100);
+        shape->render(&painter, option);
+        return image;
+    };
+
+    for (int hue = 0; hue < 360; hue += 10) {
+        Rectangle direct(nullptr);
+        PathRectangle drawn(nullptr);
+        const QColor line = QColor::fromHsv(hue, 250, 130);
+        QCOMPARE(paint(&direct, line), paint(&drawn, line));
     }
 }
 
@@ -357,6 +532,87 @@ void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
     QVERIFY(ellipse.contains(QPoint(2, 15)));
     QVERIFY(!ellipse.contains(QPoint(2, 2)));
     QVERIFY(!ellipse.contains(QPoint(120, 15)));
+}
+
+void tst_Shape_Shortcuts::pathThatWasChangedIsMadeOfTheSamePointsAgain()
+{
+    struct OpenLine : Polyline
+    {
+        using Polyline::painterPath;
+    };
+    OpenLine line;
+    line.setLinePoints({QPoint(0, 0), QPoint(50, 40)});
+    line.rebuildPath();
+    const QRectF before = line.painterPath().boundingRect();
+    line.painterPath().lineTo(500, 500);
+
+    line.rebuildPath();
+
+    QCOMPARE(line.painterPath().boundingRect(), before);
+}
+
+void tst_Shape_Shortcuts::borderIsHandedTheRectangleOfItsShape()
+{
+    struct Recorder : Border
+    {
+        void render(QPainter * /*painter*/, const QStyleOptionViewItem &option) const override
+        {
+            seen = option.rect;
+        }
+        mutable QRect seen;
+    };
+    Recorder border;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setBorder(&border);
+
+    picture(rectangle, {}, {}, false);
+
+    QCOMPARE(border.seen, QRect(10, 20, 30, 40));
+}
+
+void tst_Shape_Shortcuts::layoutWithoutChildrenIsLaidOutForThePaint()
+{
+    XYLayout layout;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setLayoutManager(&layout);
+    const long before = workCounters().laidOut;
+
+    picture(rectangle, {}, {}, false);
+    picture(rectangle, {}, {}, false);
+
+    QCOMPARE(workCounters().laidOut - before, 1L);
+}
+
+void tst_Shape_Shortcuts::layoutOfTheApplicationPaintsAlsoWithoutChildren()
+{
+    struct PaintingLayout : XYLayout
+    {
+        void render(QPainter *painter, const QStyleOptionViewItem &option) override
+        {
+            painter->fillRect(option.rect, Qt::green);
+        }
+    };
+    PaintingLayout layout;
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.setLayoutManager(&layout);
+    rectangle.validate(); // there is nothing left to lay out
+
+    QCOMPARE(picture(rectangle, {}, {}, false).pixelColor(20, 30), QColor(Qt::green));
+}
+
+void tst_Shape_Shortcuts::shapeWithoutChildrenIsHighlighted()
+{
+    Rectangle rectangle(nullptr);
+    rectangle.setBounds(QRect(10, 20, 30, 40));
+    rectangle.rebuildPath();
+    const QImage before = picture(rectangle, {}, {}, false);
+
+    rectangle.highlightClientArea(true);
+
+    QVERIFY(picture(rectangle, {}, {}, false) != before);
 }
 
 Q_DECLARE_METATYPE(Preparation)

@@ -317,6 +317,7 @@ private:
     FigureExtras &extras();
     Layout *presentLayout() const; // null also while nobody has asked for it
     bool isLayoutDue() const;
+    bool isLeaf() const;
     void makeLayout();
     QSize ownMinimumSize() const; // what was set
     QSize ownMaximumSize() const;

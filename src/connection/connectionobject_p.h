@@ -1,0 +1,16 @@
+#pragma once
+
+class QObject;
+
+namespace Velmora::Figura {
+
+class IConnection;
+class IConnectionAnchor;
+
+/// The object that implements the interface; null when it is none. What dynamic_cast gives, which
+/// takes far longer to find out, but for the classes that nearly all connections and anchors are
+/// of.
+QObject *objectOf(IConnection *connection);
+QObject *objectOf(IConnectionAnchor *anchor);
+
+} // namespace Velmora::Figura
