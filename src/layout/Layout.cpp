@@ -128,29 +128,24 @@ bool Layout::insert(Figure *child, const QVariant &constraint, const LayoutHelpe
     // placed by, or this layout. A child that is gone has no record.
     const LayoutHelper wanted(constraint, 0, 0);
     const bool wasAttached = isOrphan(child) && isNotified(child);
-    const quint64 joined = enlist(child, record, index);
-    const auto isPresent = [layout = QPointer<Layout>(this), child, joined]() {
-        const ChildRecord *present = layout ? layout->table().find(child) : nullptr;
-        return present && present->joined == joined;
-    };
+    const Arrival present(enlist(child, record, index));
     child->setParentFigure(m_figure);
-    if (isPresent())
+    if (present)
         setConstraint(child, wanted.getConstraint());
-    if (isPresent())
+    if (present)
         child->revalidate();
-    if (isPresent())
+    if (present)
         attach(child, isNotified(m_figure), wasAttached);
-    if (isPresent())
+    if (present)
         child->repaint();
-    return isPresent();
+    return bool(present);
 }
 
-// Returns what tells this arrival from a later one of the same child.
-quint64 Layout::enlist(Figure *child, const LayoutHelper &record, int index)
+ChildRecord *Layout::enlist(Figure *child, const LayoutHelper &record, int index)
 {
     if (!m_table)
         m_table = std::make_unique<ChildTable>();
-    return m_table->insert(this, child, record, index)->joined;
+    return m_table->insert(this, child, record, index);
 }
 
 bool Layout::remove(Figure *child)

@@ -119,6 +119,8 @@ void ChildGrid::insert(ChildRecord *record, quint64 key, const QRect &area)
     Cell &cell = m_cells[key];
     record->cell = key;
     record->cellPosition = static_cast<int>(cell.size());
+    if (cell.size() == cell.capacity()) // doubled, it would take half as much room again
+        cell.reserve(cell.size() + std::max<std::size_t>(2, cell.size() / 4));
     cell.push_back({area, record});
     ++m_count;
 }

@@ -15,6 +15,10 @@ bool liesBelow(const ChildRecord *a, const ChildRecord *b)
     return a->slot < b->slot;
 }
 
+constexpr quint16 nowhere = 0xFFFF;
+
+Arrival *latestArrival = nullptr;
+
 } // namespace
 
 ChildRecord::ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints)
@@ -22,7 +26,26 @@ ChildRecord::ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper con
     , figure(child)
     , layout(holder)
 {
-    positions.fill(-1);
+    positions.fill(nowhere);
+}
+
+Arrival::Arrival(ChildRecord *record)
+    : m_record(record)
+    , m_outer(std::exchange(latestArrival, this))
+{
+}
+
+Arrival::~Arrival()
+{
+    latestArrival = m_outer;
+}
+
+void Arrival::recordLeaves(const ChildRecord *record)
+{
+    for (Arrival *arrival = latestArrival; arrival; arrival = arrival->m_outer) {
+        if (arrival->m_record == record)
+            arrival->m_record = nullptr;
+    }
 }
 
 ChildTable &ChildTable::of(const Layout *layout)
@@ -51,8 +74,10 @@ ChildTable::ChildTable()
 ChildTable::~ChildTable()
 {
     for (ChildRecord *record : std::as_const(m_records)) {
-        if (record)
-            unlink(record);
+        if (!record)
+            continue;
+        Arrival::recordLeaves(record);
+        unlink(record);
         delete record;
     }
 }
@@ -71,7 +96,6 @@ ChildRecord *ChildTable::insert(Layout *layout, Figure *figure, const Layout::La
 {
     noteChange();
     auto *record = new ChildRecord(layout, figure, helper);
-    record->joined = m_revision;
     record->next = figure->m_records;
     figure->m_records = record;
     m_index.insert(figure, record);
@@ -96,6 +120,7 @@ void ChildTable::dismiss(ChildRecord *record)
 {
     m_index.remove(record->figure);
     record->dismissed = true;
+    Arrival::recordLeaves(record);
     noteChange();
     note(record, Pending::Extent);
 }
@@ -178,10 +203,26 @@ int ChildTable::slotOf(const ChildRecord *record)
     return record->slot;
 }
 
+int ChildTable::positionOf(const ChildRecord *record, int kind)
+{
+    if (kind == foreignKind)
+        return record->foreignPosition;
+    const quint16 position = record->positions[kind];
+    return position == nowhere ? -1 : position;
+}
+
+void ChildTable::setPosition(ChildRecord *record, int kind, int position)
+{
+    if (kind == foreignKind)
+        record->foreignPosition = position;
+    else
+        record->positions[kind] = position < 0 ? nowhere : static_cast<quint16>(position);
+}
+
 void ChildTable::append(ChildRecord *record, int kind)
 {
     Notes &list = notes(kind);
-    record->positions[kind] = static_cast<int>(list.records.size());
+    setPosition(record, kind, static_cast<int>(list.records.size()));
     list.records.push_back(record);
 }
 
@@ -190,11 +231,12 @@ void ChildTable::note(ChildRecord *record, Pending kind)
     if (kind == Pending::Area)
         noteChange();
     Notes &list = notes(static_cast<int>(kind));
-    if (list.all || record->positions[static_cast<int>(kind)] >= 0)
+    if (list.all || positionOf(record, static_cast<int>(kind)) >= 0)
         return;
     // To tell so many apart would cost more than to visit all.
     const std::size_t share = kind == Pending::Extent ? 8 : 2;
-    if (list.records.size() >= std::max<std::size_t>(fewNotes, m_figures.size() / share))
+    const std::size_t most = std::max<std::size_t>(fewNotes, m_figures.size() / share);
+    if (list.records.size() >= std::min(most, mostNotes))
         noteAll(kind);
     else
         append(record, static_cast<int>(kind));
@@ -204,7 +246,7 @@ void ChildTable::noteAll(Pending kind)
 {
     Notes &list = notes(static_cast<int>(kind));
     for (ChildRecord *record : list.records)
-        record->positions[static_cast<int>(kind)] = -1;
+        setPosition(record, static_cast<int>(kind), -1);
     list.all = true;
     list.records = {};
     if (kind == Pending::Extent)
@@ -213,14 +255,14 @@ void ChildTable::noteAll(Pending kind)
 
 void ChildTable::drop(ChildRecord *record, int kind)
 {
-    const int position = record->positions[kind];
+    const int position = positionOf(record, kind);
     if (position < 0)
         return;
     auto &records = notes(kind).records;
     records[position] = records.back();
-    records[position]->positions[kind] = position;
+    setPosition(records[position], kind, position);
     records.pop_back();
-    record->positions[kind] = -1;
+    setPosition(record, kind, -1);
 }
 
 void ChildTable::noteEmptied(int slot)
@@ -250,7 +292,7 @@ ChildTable::Batch ChildTable::take(Pending kind)
         std::for_each(m_records.cbegin(), m_records.cend(), [this](auto *r) { classify(r); });
     }
     for (ChildRecord *record : list.records) {
-        record->positions[static_cast<int>(kind)] = -1;
+        setPosition(record, static_cast<int>(kind), -1);
         classify(record);
     }
     Batch batch{list.all, {}};

@@ -33,14 +33,32 @@ struct ChildRecord
     Figure *const figure;
     Layout *const layout;
     ChildRecord *next = nullptr; // the figure's record in another layout
-    quint64 joined = 0;          ///< When the child came in: the same for no other record.
     quint64 cell = 0;            // of the grid
     int cellPosition = -1;
     int slot = -1;
-    std::array<int, 5> positions; // in the list of each kind of pending work; last: foreign ones
-    short moves = 0;              // of it that are being followed up, each within the one before
+    int foreignPosition = -1;         // among those whose class is not known
+    std::array<quint16, 4> positions; // in the list of each kind of pending work
+    short moves = 0; // of it that are being followed up, each within the one before
     Class classification = Class::Unknown;
     bool dismissed = false; // no child any more, though still in the list
+};
+
+/// A child that has just been added, until all are told. Null as soon as it is no child any more,
+/// also when it comes in a second time.
+class Arrival
+{
+public:
+    explicit Arrival(ChildRecord *record);
+    ~Arrival();
+    Q_DISABLE_COPY_MOVE(Arrival)
+
+    explicit operator bool() const { return m_record != nullptr; }
+
+    static void recordLeaves(const ChildRecord *record);
+
+private:
+    ChildRecord *m_record;
+    Arrival *m_outer;
 };
 
 /// The children of a layout in their order, their records, and what is pending for them.
@@ -119,9 +137,12 @@ private:
 
     static constexpr int foreignKind = 4;
     static constexpr std::size_t fewNotes = 64;
+    static constexpr std::size_t mostNotes = 0xFFFF; // as far as a position counts
 
     Notes &notes(int kind) { return m_notes[kind]; }
     const Notes &notes(int kind) const { return m_notes[kind]; }
+    static int positionOf(const ChildRecord *record, int kind);
+    static void setPosition(ChildRecord *record, int kind, int position);
     void append(ChildRecord *record, int kind);
     void drop(ChildRecord *record, int kind);
     void classify(ChildRecord *record);

@@ -7,7 +7,7 @@ namespace Velmora::Figura {
 namespace {
 
 constexpr int fewLeaves = 4;
-constexpr int childrenOfLeaf = 4;
+constexpr int childrenOfLeaf = 8;
 
 // Nothing for a child that does not count, or that has to be asked itself.
 std::optional<QRect> knownRect(const ChildRecord *record)

@@ -142,7 +142,7 @@ private:
     friend class PaintReach; // keeps account of m_unclipped
 
     bool insert(Figure *child, const QVariant &constraint, const LayoutHelper &record, int index);
-    quint64 enlist(Figure *child, const LayoutHelper &record, int index);
+    ChildRecord *enlist(Figure *child, const LayoutHelper &record, int index);
     ChildRecord *dismiss(Figure *child);
     void forget(ChildRecord *destroyedChild);
     ChildTable &table() const;
