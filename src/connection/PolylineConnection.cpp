@@ -1,6 +1,7 @@
 #include <figura/connection/PolylineConnection.h>
 
 #include "connectioncore_p.h"
+#include "figure/alive_p.h"
 #include "points_p.h"
 
 #include <figura/connection/IConnectionAnchor.h>
@@ -96,7 +97,7 @@ QVariant PolylineConnection::getRoutingConstraint()
 
 void PolylineConnection::setRoutingConstraint(const QVariant &constraint)
 {
-    const QPointer<PolylineConnection> alive(this);
+    const Alive alive(this);
     m_core->router()->setConstraint(this, constraint);
     if (alive)
         revalidate();
@@ -134,7 +135,7 @@ QRect PolylineConnection::getBounds()
 
 void PolylineConnection::addNotify()
 {
-    const QPointer<PolylineConnection> alive(this);
+    const Alive alive(this);
     Polyline::addNotify();
     if (alive)
         m_core->hook(m_core->source);
@@ -145,7 +146,7 @@ void PolylineConnection::addNotify()
 void PolylineConnection::removeNotify()
 {
     // Anchors and routers may be the application's own, and destroy whom they have served.
-    const QPointer<PolylineConnection> alive(this);
+    const Alive alive(this);
     m_core->unhook(m_core->source);
     if (alive)
         m_core->unhook(m_core->target);
@@ -158,7 +159,7 @@ void PolylineConnection::removeNotify()
 void PolylineConnection::layout()
 {
     // Routers, locators and slots are the application's code, which may destroy this connection.
-    const QPointer<PolylineConnection> alive(this);
+    const Alive alive(this);
     if (m_core->isConnected())
         m_core->router()->route(this);
     if (alive)
@@ -171,7 +172,7 @@ void PolylineConnection::layout()
 
 void PolylineConnection::revalidate()
 {
-    const QPointer<PolylineConnection> alive(this);
+    const Alive alive(this);
     m_core->eraseBounds();
     if (alive)
         Polyline::revalidate();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "figure/alive_p.h"
 #include "figure/childwalk_p.h"
 #include "layout/childtable_p.h"
 #include "shape/pathsource_p.h"
@@ -180,9 +181,9 @@ private:
     template<class Line>
     static bool erase(Line *line)
     {
-        const QPointer<Line> alive(line);
+        const Alive alive(line);
         line->erase();
-        return !alive.isNull();
+        return bool(alive);
     }
 
     /// The empty rectangle says nothing: the points alone make the path. False when a slot has
@@ -190,10 +191,10 @@ private:
     template<class Line>
     static bool announce(Line *line)
     {
-        const QPointer<Line> alive(line);
+        const Alive alive(line);
         ChildTable::note(line, Pending::Area);
         Q_EMIT line->pathChanged(QRectF());
-        return !alive.isNull();
+        return bool(alive);
     }
 
     template<class Line>

@@ -1,5 +1,6 @@
 #include <figura/figure/Figure.h>
 
+#include "alive_p.h"
 #include "ancestorhub_p.h"
 #include "childwalk_p.h"
 #include "layout/childtable_p.h"
@@ -22,6 +23,7 @@ Figure::Figure(QObject *parent, const QColor &backgroundColor)
 
 Figure::~Figure()
 {
+    Alive::figureDestroyed(this);
     // First of all: the helper lets go of this figure through operations that still work here.
     delete m_ancestorHelper;
     // Nothing else asks for the pixels of a figure that is deleted while it is shown.

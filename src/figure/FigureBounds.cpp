@@ -2,6 +2,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "alive_p.h"
 #include "childwalk_p.h"
 #include "paintreach_p.h"
 
@@ -28,7 +29,7 @@ QSize Figure::getMinimumSize()
 {
     QSize size(0, 0);
     if (Layout *layout = getLayoutManager()) {
-        const QPointer<Figure> alive(this);
+        const Alive alive(this);
         const QSize needed = layout->getMinimumSize();
         if (!alive)
             return needed;
@@ -68,7 +69,7 @@ QSize Figure::getPreferredSize()
         return m_preferredSize;
 
     // Layouts and contents are measured by the application's code, which may destroy this figure.
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     Layout *layout = getLayoutManager();
     const bool useContent = !layout || getFlag(FLAG_USE_CONTENT_SIZE);
     const QSize needed = useContent ? calculateContentSize() : layout->getPreferredSize();
@@ -125,7 +126,7 @@ QSize &Figure::removeMargin(QSize &size) const
 
 QRect Figure::getClientArea()
 {
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     const QRect bounds = resolveBounds(getBounds());
     return alive && bounds.isValid() ? calculateContentRect(bounds) : bounds;
 }
@@ -177,7 +178,7 @@ QRect Figure::getBoundingRect()
 void Figure::setBounds(const QRect &rect)
 {
     // Whoever is asked for a size or told of a move, that of a child too, may destroy this figure.
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     const QRect bounds = resolveBounds(rect);
     if (!alive)
         return;
@@ -212,7 +213,7 @@ void Figure::primTranslate(int dx, int dy)
 
 void Figure::translate(int dx, int dy)
 {
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     if (!useLocalCoordinates())
         primTranslate(dx, dy);
     if (!alive)

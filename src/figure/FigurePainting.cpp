@@ -2,6 +2,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "alive_p.h"
 #include "layout/childagenda_p.h"
 #include "ownclass_p.h"
 #include "paintreach_p.h"
@@ -77,7 +78,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 
     PaintReach::refresh(*this, bounds);
     // Figures draw themselves by the application's code, which may destroy this one.
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     std::optional<QStyleOptionViewItem> part; // to copy the option takes as long as to draw a line
     if (ignoresOption(*this)) {
         drawOwn(painter, option);
@@ -104,7 +105,7 @@ void Figure::render(QPainter *painter, const QStyleOptionViewItem &option)
 void Figure::drawOwn(QPainter *painter, const QStyleOptionViewItem &option)
 {
     ++workCounters().painted;
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     const bool isRestored = !m_border && restoresPainter(this);
     if (!isRestored)
         painter->save();
@@ -191,7 +192,7 @@ void Figure::invalidate()
 
 void Figure::revalidate()
 {
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     invalidate(); // layout listeners hear of it
     if (!alive)
         return;
@@ -208,7 +209,7 @@ void Figure::validate()
     if (isValid())
         return;
 
-    const QPointer<Figure> alive(this);
+    const Alive alive(this);
     m_isValidating = true;
     layout();
     if (alive)

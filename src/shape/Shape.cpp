@@ -5,6 +5,7 @@
 #include <figura/connection/Polyline.h>
 #include <figura/connection/PolylineF.h>
 
+#include "figure/alive_p.h"
 #include "figure/childwalk_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
@@ -201,7 +202,7 @@ void Shape::rebuildPath()
     if (!bounds.isValid() && !isPlacedByPoints(this))
         return;
 
-    const QPointer<Shape> alive(this);
+    const Alive alive(this);
     erase(); // the area may change with the path
     const QRect resolved = alive ? resolveBounds(bounds) : bounds;
     if (!alive)
@@ -213,7 +214,7 @@ void Shape::rebuildPath()
 
 void Shape::setBounds(const QRect &rect)
 {
-    const QPointer<Shape> alive(this);
+    const Alive alive(this);
     const QRect resolved = resolveBounds(rect);
     if (alive && resolved != getBounds())
         Q_EMIT pathChanged(pathRect(resolved)); // before the bounds are stored, on purpose
@@ -228,7 +229,7 @@ bool Shape::contains(const QPoint &point) const
 
 void Shape::addNotify()
 {
-    const QPointer<Shape> alive(this);
+    const Alive alive(this);
     Figure::addNotify();
     if (alive)
         connectNormalized(this, pathSignal, this, pathSlot);
