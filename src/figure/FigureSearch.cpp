@@ -2,6 +2,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "figureguard_p.h"
 #include "layout/childtable_p.h"
 
 #include <figura/figure/ExclusionSearch.h>
@@ -64,7 +65,7 @@ Figure *Figure::findFigureAtExcluding(int x, int y, const QList<Figure *> &exclu
 Figure *Figure::findFigureAt(int x, int y, const ITreeSearch &search) const
 {
     QPoint point(x, y);
-    const QPointer<const Figure> alive(this);
+    const FigureGuard alive(this);
     if (!contains(point) || !alive || search.prune(this) || !alive)
         return nullptr;
 
@@ -89,7 +90,7 @@ QList<Figure *> Figure::findFigures(const QRect &rect, bool containedOnly)
 void Figure::findFigures(QList<Figure *> &result, const QRect &rect, const ITreeSearch &search,
                          bool containedOnly) const
 {
-    const QPointer<const Figure> alive(this);
+    const FigureGuard alive(this);
     if (!isIntersecting(rect) || !alive || search.prune(this) || !alive)
         return;
 

@@ -10,9 +10,18 @@
 #include <figura/layout/Layout.h>
 #include <figura/view/UpdateManager.h>
 
+#include <QColor>
+
 #include <memory>
 
 namespace Velmora::Figura {
+
+/// What a shape is painted with while it is disabled; invalid colours come from the palette.
+struct DisabledColors
+{
+    QColor pen;
+    QColor fill;
+};
 
 /// What only few figures have, and a hundred thousand others need no room for.
 struct FigureExtras
@@ -28,6 +37,7 @@ struct FigureExtras
     QPointer<AncestorHub> ancestorHub; // while somebody watches below the figure
     std::unique_ptr<ListenerConnections> ancestorConnections;
     std::unique_ptr<ListenerConnections> propertyConnections;
+    std::unique_ptr<DisabledColors> disabledColors; // of a shape, made when one is set or used
     QSize minimumSize = leastSize;
     QSize maximumSize = greatestSize;
     int margin = 0;

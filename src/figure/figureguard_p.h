@@ -1,28 +1,27 @@
 #pragma once
 
-#include <figura/figure/Figure.h>
+#include <QtGlobal>
+
+#include <utility>
 
 namespace Velmora::Figura {
 
-/// Tells whether a figure is still there: as long as it lives, like a QPointer, and only within a
-/// function.
+class Figure;
+
+/// Tells whether a figure still lives, for the length of one call.
 ///
-/// The figure knows its guards itself. A QPointer would leave behind a block of memory with every
-/// figure that was ever moved.
+/// What a QPointer would tell, without the block of memory that this would leave behind with every
+/// figure that was ever moved. The guards lie on the stack, so those of the calls under way form a
+/// chain, which a figure that is destroyed walks.
 class FigureGuard
 {
 public:
     explicit FigureGuard(const Figure *figure)
         : m_figure(const_cast<Figure *>(figure))
+        , m_outer(std::exchange(inmost, this))
     {
-        if (m_figure)
-            enter();
     }
-    ~FigureGuard()
-    {
-        if (m_figure)
-            leave();
-    }
+    ~FigureGuard() { inmost = m_outer; }
     Q_DISABLE_COPY_MOVE(FigureGuard)
 
     /// Null when it is gone.
@@ -30,33 +29,19 @@ public:
     Figure *operator->() const { return m_figure; }
     operator Figure *() const { return m_figure; }
 
-    static void figureDestroyed(Figure *figure)
+    static void figureDestroyed(const Figure *figure)
     {
-        while (FigureGuard *guard = figure->m_guards) {
-            guard->leave();
-            guard->m_figure = nullptr;
+        for (FigureGuard *guard = inmost; guard; guard = guard->m_outer) {
+            if (guard->m_figure == figure)
+                guard->m_figure = nullptr;
         }
     }
 
 private:
-    void enter()
-    {
-        m_link = &m_figure->m_guards;
-        m_next = *m_link;
-        if (m_next)
-            m_next->m_link = &m_next;
-        *m_link = this;
-    }
-    void leave() const
-    {
-        *m_link = m_next;
-        if (m_next)
-            m_next->m_link = m_link;
-    }
+    inline static FigureGuard *inmost = nullptr;
 
     Figure *m_figure;
-    FigureGuard *m_next = nullptr;
-    FigureGuard **m_link = nullptr; // what points here: the figure, or the guard made later
+    FigureGuard *const m_outer;
 };
 
 } // namespace Velmora::Figura

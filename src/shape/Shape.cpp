@@ -6,6 +6,7 @@
 #include <figura/connection/PolylineF.h>
 
 #include "figure/childwalk_p.h"
+#include "figure/figureextras_p.h"
 #include "figure/figureguard_p.h"
 #include "figure/ownclass_p.h"
 #include "figure/signals_p.h"
@@ -164,7 +165,8 @@ void Shape::setEnabledBGColor(const QColor &color)
 
 QColor Shape::getDisabledFGColor() const
 {
-    return m_disabledColors ? m_disabledColors->pen : QColor();
+    const bool areSet = m_extras && m_extras->disabledColors;
+    return areSet ? m_extras->disabledColors->pen : QColor();
 }
 
 void Shape::setDisabledFGColor(const QColor &color)
@@ -347,18 +349,20 @@ Shape::Colors Shape::enabledColors(const QPalette &palette) const
     return {m_enabledFGColor, m_enabledBGColor};
 }
 
-Shape::Colors &Shape::ownDisabledColors() const
+// Painting fills in what the palette says.
+DisabledColors &Shape::ownDisabledColors() const
 {
-    if (!m_disabledColors)
-        m_disabledColors = std::make_unique<Colors>();
-    return *m_disabledColors;
+    std::unique_ptr<DisabledColors> &colors = const_cast<Shape *>(this)->extras().disabledColors;
+    if (!colors)
+        colors = std::make_unique<DisabledColors>();
+    return *colors;
 }
 
 Shape::Colors Shape::disabledColors(const QPalette &palette) const
 {
     // The roles cross over and the foreground fills as well, on purpose. The background is stored
     // anew only when even the palette had no foreground, and never painted with.
-    Colors &colors = ownDisabledColors();
+    DisabledColors &colors = ownDisabledColors();
     adoptPaletteColor(colors.pen, palette.color(QPalette::Disabled, QPalette::Button));
     if (!colors.pen.isValid()) {
         colors.fill = QColor();

@@ -2,11 +2,10 @@
 
 #include <figura/shape/Rectangle.h>
 
-#include <QRandomGenerator>
 #include <QTest>
 
+#include <functional>
 #include <memory>
-#include <vector>
 
 using namespace Velmora::Figura;
 
@@ -41,8 +40,7 @@ private Q_SLOTS:
     void guardHoldsTheFigureWhileItLives();
     void guardOfNoFigureIsNull();
     void guardIsSetUntilTheDestructorOfASubclassIsThrough();
-    void guardsMayEndInAnyOrder_data();
-    void guardsMayEndInAnyOrder();
+    void guardsOfTheCallsUnderWayBecomeNull();
 };
 
 void tst_FigureGuard::guardHoldsTheFigureWhileItLives()
@@ -78,31 +76,28 @@ void tst_FigureGuard::guardIsSetUntilTheDestructorOfASubclassIsThrough()
     QCOMPARE(guard.get(), nullptr);
 }
 
-void tst_FigureGuard::guardsMayEndInAnyOrder_data()
+// Each call guards one of two figures; the inmost destroys the first, and all of its guards know.
+void tst_FigureGuard::guardsOfTheCallsUnderWayBecomeNull()
 {
-    QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 20; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void tst_FigureGuard::guardsMayEndInAnyOrder()
-{
-    QFETCH(quint32, seed);
-    QRandomGenerator random(seed);
-    auto figure = std::make_unique<Rectangle>(nullptr);
-    std::vector<std::unique_ptr<FigureGuard>> guards;
-
-    for (int step = 0; step < 200; ++step) {
-        if (guards.empty() || random.bounded(2) == 0)
-            guards.push_back(std::make_unique<FigureGuard>(figure.get()));
+    auto doomed = std::make_unique<Rectangle>(nullptr);
+    const Rectangle other(nullptr);
+    int nulls = 0;
+    const std::function<void(int)> call = [&](int depth) {
+        const bool isOfDoomed = depth % 3 == 0;
+        const FigureGuard guard(isOfDoomed ? doomed.get() : &other);
+        if (depth == 0)
+            doomed.reset();
         else
-            guards.erase(guards.begin() + random.bounded(int(guards.size())));
-    }
-    guards.push_back(std::make_unique<FigureGuard>(figure.get()));
-    figure.reset();
+            call(depth - 1);
+        QCOMPARE(guard.get() == nullptr, isOfDoomed);
+        nulls += guard.get() == nullptr;
+    };
 
-    for (const auto &guard : guards)
-        QCOMPARE(guard->get(), nullptr);
+    call(30);
+
+    QCOMPARE(nulls, 11);
+    const FigureGuard after(&other);
+    QCOMPARE(after.get(), &other);
 }
 
 QTEST_MAIN(tst_FigureGuard)

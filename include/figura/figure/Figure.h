@@ -14,7 +14,6 @@ namespace Velmora::Figura {
 class AncestorHelper;
 class AncestorHub;
 class ChildTable;
-class FigureGuard;
 struct ChildRecord;
 struct FigureExtras;
 
@@ -300,9 +299,9 @@ protected:
 private:
     friend class AncestorHelper; // watches through the hubs
     friend class ChildTable;     // keeps the records of a child
-    friend class FigureGuard;    // keeps the list of m_guards
     friend class FreeformWidget; // hands the root figure its update manager
     friend class PaintReach;     // keeps account of m_reach
+    friend class Shape;          // has extras of its own
 
     void setUpdateManager(UpdateManager *manager);
     AncestorHub *ancestorHub();
@@ -325,7 +324,6 @@ private:
     QPointer<Figure> m_parentFigure;
     ChildRecord *m_records = nullptr;       // one in each layout that has this figure as a child
     std::unique_ptr<FigureExtras> m_extras; // made when there is something in it
-    FigureGuard *m_guards = nullptr;
     QSize m_preferredSize; // what the application set, and the cache of what was computed last
     QRect m_bounds;
     quint32 m_flags = FLAG_VISIBLE | FLAG_ENABLED;

@@ -13,6 +13,7 @@ class QPen;
 namespace Velmora::Figura {
 
 class PathSource;
+struct DisabledColors;
 
 /// The base of every figure that is one outlined and optionally filled path.
 ///
@@ -108,7 +109,7 @@ private:
     void adoptPaletteColor(QColor &color, const QColor &paletteColor) const;
     Colors enabledColors(const QPalette &palette) const;
     Colors disabledColors(const QPalette &palette) const;
-    Colors &ownDisabledColors() const;
+    DisabledColors &ownDisabledColors() const;
     QPen createPen(const QPainter &painter, const QColor &color) const;
 
     void drawInside(QPainter *painter, const QStyleOptionViewItem &option) const;
@@ -126,7 +127,6 @@ private:
     bool m_fill = true;
     mutable QColor m_enabledFGColor; // mutable: painting fills in what the palette says
     mutable QColor m_enabledBGColor;
-    mutable std::unique_ptr<Colors> m_disabledColors; // made when one is set or painted with
 };
 
 /// Calls Shape::rebuildPath() on each shape of the tree below and including \a root; null is
