@@ -26,7 +26,8 @@ bool ExtentTree::update(ChildTable &table)
 {
     const ChildTable::Batch batch = table.take(Pending::Extent);
     const std::vector<int> emptied = table.takeEmptiedSlots();
-    if (batch.all || m_numbering != table.numbering() || table.endSlot() - m_firstSlot > m_leaves) {
+    const int leaves = table.endSlot() - m_firstSlot;
+    if (batch.all || m_numbering != table.numbering() || leaves > m_leaves || table.count() == 0) {
         rebuild(table);
         return m_unclearCount == 0;
     }
@@ -45,8 +46,8 @@ void ExtentTree::rebuild(ChildTable &table)
     const int count = table.endSlot() - m_firstSlot;
     m_numbering = table.numbering();
     m_leaves = static_cast<int>(std::bit_ceil(static_cast<unsigned int>(qMax(count, fewLeaves))));
-    m_nodes.assign(std::size_t(m_leaves) * 2, QRect());
-    m_unclear.assign(m_leaves, false);
+    m_nodes = std::vector<QRect>(std::size_t(m_leaves) * 2); // no more room than these need
+    m_unclear = std::vector<bool>(m_leaves);
     m_unclearCount = 0;
     for (int slot = 0; slot < count; ++slot)
         setLeaf(slot, table.recordAt(m_firstSlot + slot));
