@@ -203,6 +203,8 @@ private Q_SLOTS:
     void figuresThatDisturbEachOtherAreLetGoOf();
     void turnToComeIsNotForgottenWhenAPaintIsQuicker();
     void figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain();
+    void figureWhoseTurnNeverCameIsMissed();
+    void figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn();
     void formerContentMayStayAttached();
     void childrenThatComeWhileALayoutIsChangedStayBehind();
     void childrenOfADestroyedLayoutMayStayAttached();
@@ -424,6 +426,40 @@ void tst_StormChecks::figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain()
 
     ledger.takeTurns();
     figure.invalidate();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
+}
+
+// However many paints were quicker.
+void tst_StormChecks::figureWhoseTurnNeverCameIsMissed()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.grantTurns();
+    ledger.record({&figure});
+
+    ledger.grantTurns();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
+}
+
+// The second time it is dropped in that of others.
+void tst_StormChecks::figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.record({&figure});
+    ledger.takeTurns();
+    ledger.record({&figure});
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>());
+
+    ledger.grantTurns();
+    ledger.record({});
+    ledger.takeTurns();
     ledger.record({&figure});
 
     QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
