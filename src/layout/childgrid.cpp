@@ -138,7 +138,8 @@ void ChildGrid::remove(ChildRecord *record)
     if (record->cell != everywhere)
         --m_levels[record->cell >> 58];
     record->cellPosition = -1;
-    --m_count;
+    if (--m_count == 0)
+        m_cells.clear(); // they are none, but take the room of many
 }
 
 bool ChildGrid::find(const QRect &rect, FoundChildren &found) const

@@ -140,6 +140,18 @@ void ChildTable::remove(ChildRecord *record)
         m_grid->remove(record);
     noteEmptied(slot);
     delete record;
+    if (m_figures.isEmpty())
+        giveBack();
+}
+
+// Containers keep the room that they once had. That of a layer should not outlive a diagram.
+void ChildTable::giveBack()
+{
+    m_figures = {};
+    m_records = {};
+    m_index = {};
+    for (Notes &list : m_notes)
+        list.records = {};
 }
 
 void ChildTable::vacate(int slot)

@@ -150,6 +150,7 @@ private:
     int slotCount() const { return static_cast<int>(m_figures.size()); } // gaps included
     static void unlink(const ChildRecord *record);
     void vacate(int slot);
+    void giveBack();
     void closeGaps();
     void noteChange();
     void noteEmptied(int slot);

@@ -28,7 +28,8 @@ bool ExtentTree::update(ChildTable &table)
     const ChildTable::Batch batch = table.take(Pending::Extent);
     const std::vector<int> emptied = table.takeEmptiedSlots();
     const bool isOutgrown = table.endSlot() - m_firstSlot > m_leaves * childrenOfLeaf;
-    if (batch.all || m_numbering != table.numbering() || isOutgrown) {
+    const bool isStale = m_numbering != table.numbering() || isOutgrown;
+    if (batch.all || isStale || table.count() == 0) {
         rebuild(table);
         return m_unclearCount == 0;
     }
@@ -46,8 +47,8 @@ void ExtentTree::rebuild(ChildTable &table)
     m_numbering = table.numbering();
     const int needed = (count + childrenOfLeaf - 1) / childrenOfLeaf;
     m_leaves = static_cast<int>(std::bit_ceil(static_cast<unsigned int>(qMax(needed, fewLeaves))));
-    m_nodes.assign(std::size_t(m_leaves) * 2, QRect());
-    m_unclear.assign(m_leaves, false);
+    m_nodes = std::vector<QRect>(std::size_t(m_leaves) * 2); // no more room than these need
+    m_unclear = std::vector<bool>(m_leaves);
     m_unclearCount = 0;
     for (int leaf = 0; leaf < needed; ++leaf)
         takeLeaf(table, leaf);

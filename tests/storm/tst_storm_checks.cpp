@@ -33,6 +33,15 @@ public:
     Figure *findFigureAt(int, int, const ITreeSearch &) const override { return nullptr; }
 };
 
+/// Reaches no update manager.
+class LostFigure : public Probed<Figure>
+{
+public:
+    using Probed::Probed;
+
+    UpdateManager *getUpdateManager() const override { return nullptr; }
+};
+
 /// Changes its colour without a word.
 class Chameleon : public Probed<Figure>
 {
@@ -131,6 +140,11 @@ void stayAttachedBelowWhatIsNot(World &world)
     figure->addNotify();
 }
 
+void loseTheManager(World &world)
+{
+    addTo<LostFigure>(world, QRect(10, 10, 30, 20));
+}
+
 void hideFromSearches(World &world)
 {
     addTo<BlindFigure>(world, QRect(0, 0, 90, 90));
@@ -189,8 +203,11 @@ private Q_SLOTS:
     void figuresThatDisturbEachOtherAreLetGoOf();
     void turnToComeIsNotForgottenWhenAPaintIsQuicker();
     void figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain();
+    void figureWhoseTurnNeverCameIsMissed();
+    void figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn();
     void formerContentMayStayAttached();
     void childrenThatComeWhileALayoutIsChangedStayBehind();
+    void childrenOfADestroyedLayoutMayStayAttached();
 };
 
 void tst_StormChecks::newWorldIsFlawless()
@@ -211,6 +228,7 @@ void tst_StormChecks::flawIsNoticed_data()
     QTest::newRow("attached to nothing") << Spoiler(stayAttached) << QByteArray("tree");
     QTest::newRow("attached below what is not")
         << Spoiler(stayAttachedBelowWhatIsNot) << QByteArray("tree");
+    QTest::newRow("without the viewer's manager") << Spoiler(loseTheManager) << QByteArray("tree");
     QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
     QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
     QTest::newRow("lines of a former connection")
@@ -413,6 +431,40 @@ void tst_StormChecks::figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain()
     QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
 }
 
+// However many paints were quicker.
+void tst_StormChecks::figureWhoseTurnNeverCameIsMissed()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.grantTurns();
+    ledger.record({&figure});
+
+    ledger.grantTurns();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
+}
+
+// The second time it is dropped in that of others.
+void tst_StormChecks::figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn()
+{
+    DropLedger ledger;
+    Figure figure(nullptr, Qt::red);
+    figure.invalidate();
+    ledger.record({&figure});
+    ledger.takeTurns();
+    ledger.record({&figure});
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>());
+
+    ledger.grantTurns();
+    ledger.record({});
+    ledger.takeTurns();
+    ledger.record({&figure});
+
+    QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
+}
+
 // As documented: a viewer that goes tells nobody.
 void tst_StormChecks::formerContentMayStayAttached()
 {
@@ -449,6 +501,27 @@ void tst_StormChecks::childrenThatComeWhileALayoutIsChangedStayBehind()
     QCOMPARE(late->getParentFigure(), parent);
     QVERIFY(!parent->childFigures().contains(late));
     QVERIFY(parent->childFigures().contains(child));
+    QCOMPARE(fault, QByteArray());
+}
+
+// As documented: they keep their parent figure, which has nothing to tell them by.
+void tst_StormChecks::childrenOfADestroyedLayoutMayStayAttached()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *parent = addTo<Probed<Figure>>(world, QRect(10, 10, 60, 60));
+    parent->setLayoutManager(new XYLayout(parent));
+    auto *child = world.adopt(new Probed<Figure>(world));
+    parent->add(child, QRect(0, 0, 10, 10));
+    world.noteForgotten({parent, child});
+
+    delete parent->getLayoutManager();
+    anyLayer(world)->remove(parent);
+    parent->setParentFigure(anyLayer(world)); // so that it is below the content, and in no list
+    world.checkAtRest(checkTree);
+
+    QVERIFY(child->getFlag(Figure::FLAG_NOTIFIED));
+    QVERIFY(!parent->getFlag(Figure::FLAG_NOTIFIED));
     QCOMPARE(fault, QByteArray());
 }
 

@@ -33,9 +33,8 @@ void DropLedger::record(const QList<QPointer<Figure>> &late)
             continue;
         seen.insert(figure);
         Drop &drop = entryOf(figure);
-        ++drop.passes;
         drop.isLost = !isValid(figure);
-        drop.hadTurn = drop.hadTurn && m_isTurn;
+        drop.isLetGo = drop.hadTurn;
         drop.isDue = drop.isDue || !(drop.hadTurn || isValidUpToTheRoot(figure));
     }
 }
@@ -58,40 +57,31 @@ void DropLedger::noteServed()
         drop.isLost = drop.isLost && drop.figure && !isValid(drop.figure);
 }
 
-// Of those that are valid nothing is remembered, and those that were let go of have another chance;
-// not those whose turn is still to come, which is the only one that they have, whatever a paint
-// that was quicker has made of them.
+// Of those that are valid nothing is remembered; but a turn that is still to come stays so,
+// whatever a paint that was quicker has made of the figure.
 void DropLedger::grantTurns()
 {
-    m_isTurn = false;
     m_drops.removeIf(
         [](const Drop &drop) { return !drop.figure || (isValid(drop.figure) && !drop.isDue); });
-    for (Drop &drop : m_drops) {
-        if (drop.passes > 1 && drop.hadTurn)
-            drop.passes = 0;
-    }
+    for (Drop &drop : m_drops)
+        drop.hadTurn = false;
 }
 
 // Those that are valid by then do not need theirs, and have another one when they are dropped
 // again.
 void DropLedger::takeTurns()
 {
-    m_isTurn = true;
-    m_drops.removeIf(
-        [](const Drop &drop) { return !drop.figure || (isValid(drop.figure) && !drop.hadTurn); });
     for (Drop &drop : m_drops) {
-        drop.hadTurn = true;
+        drop.hadTurn = drop.hadTurn || (drop.isDue && !isValidUpToTheRoot(drop.figure));
         drop.isDue = false;
     }
 }
 
-// One that is queued by every pass, or by every other one as two that disturb each other, is let go
-// of in the end.
 QList<Figure *> DropLedger::leftInvalid(const UpdateManager *manager) const
 {
     QList<Figure *> left;
     for (const Drop &drop : m_drops) {
-        if (drop.figure && drop.passes == 1 && drop.isLost && !isValid(drop.figure) &&
+        if (drop.figure && drop.isLost && !drop.isLetGo && !isValid(drop.figure) &&
             drop.figure->getUpdateManager() == manager)
             left.append(drop.figure);
     }

@@ -20,25 +20,25 @@ public:
 
     /// A pass follows that has other causes than a former one, so that everybody has a second turn.
     void grantTurns();
-    void takeTurns(); ///< A pass follows in which everybody has the second turn.
+    void takeTurns(); ///< A pass follows in which those that were dropped have theirs.
 
-    /// Those that \a manager has dropped and that are still invalid, although nothing is pending.
+    /// Those that \a manager has dropped and that are still invalid, although nothing is pending
+    /// and they were not dropped in their second turn.
     QList<Figure *> leftInvalid(const UpdateManager *manager) const;
 
 private:
     struct Drop
     {
         QPointer<Figure> figure;
-        int passes = 0;      ///< It was queued during so many since it was granted a turn,
-        bool isLost = false; ///< and has been invalid since the end of the latest.
-        bool hadTurn = false;
-        bool isDue = false; // its second turn is still to come
+        bool isLost = false;  // invalid since the end of the latest pass that has dropped it
+        bool isDue = false;   // its second turn is still to come
+        bool hadTurn = false; // since the latest pass with other causes
+        bool isLetGo = false; // dropped once more after that
     };
 
     Drop &entryOf(Figure *figure);
 
     QList<Drop> m_drops;
-    bool m_isTurn = false; // the present pass
 };
 
 } // namespace Velmora::Figura::Storm

@@ -92,6 +92,14 @@ void Stage::askForFullRepaint()
         m_viewer->update();
 }
 
+// What is painted for ever never lets everybody have it.
+void Stage::takeSecondTurns()
+{
+    const QScopedValueRollback<bool> settling(m_settling, true);
+    if (widget())
+        QCoreApplication::sendPostedEvents(widget(), QEvent::MetaCall);
+}
+
 bool Stage::isPainting() const
 {
     return widget() && widget()->testAttribute(Qt::WA_WState_InPaintEvent);
@@ -155,6 +163,11 @@ bool Stage::eventFilter(QObject *watched, QEvent *event)
         m_paints.append(paintOf(static_cast<QPaintEvent *>(event)->region()));
         if (m_paints.size() > rememberedPaints)
             m_paints.removeFirst();
+    }
+    // The only call that the widget ever puts off.
+    if (event->type() == QEvent::MetaCall && watched == widget()) {
+        const QScopedValueRollback<bool> secondTurn(m_secondTurn, true);
+        return watched->event(event);
     }
     return false;
 }

@@ -28,7 +28,10 @@ public:
     void settle(); ///< Handles what is pending, painting included, until all is quiet.
     void askForFullRepaint();
 
+    void takeSecondTurns(); ///< Those that are to come, without painting what comes of them.
+
     bool isPainting() const;
+    bool isSecondTurn() const { return m_secondTurn && !isPainting(); }
     bool isHandlingEvents() const { return m_settling || m_resizing; }
 
     QImage screen() const; ///< What the window shows, without asking it to paint.
@@ -56,7 +59,8 @@ private:
     QList<Paint> m_paints; // regions of the widget, the latest last
     bool m_settling = false;
     bool m_resizing = false;
-    bool m_recording = true; // what is painted to judge the screen does not count
+    bool m_secondTurn = false; // the widget has those validated that a pass has dropped
+    bool m_recording = true;   // what is painted to judge the screen does not count
 };
 
 } // namespace Velmora::Figura::Storm

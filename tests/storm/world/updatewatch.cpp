@@ -54,10 +54,10 @@ void UpdateWatch::performUpdate()
         return;
     }
 
-    if (m_world.stage.isPainting())
-        grantTurns();
-    else
+    if (m_world.stage.isSecondTurn())
         m_world.drops.takeTurns();
+    else if (isPending())
+        m_world.drops.grantTurns();
     for (const QPointer<Figure> &figure : std::exchange(m_queued, {})) {
         if (figure)
             promise(figure);
@@ -109,12 +109,6 @@ bool UpdateWatch::isPending() const
 {
     return std::any_of(m_queued.begin(), m_queued.end(),
                        [](const QPointer<Figure> &figure) { return !figure.isNull(); });
-}
-
-void UpdateWatch::grantTurns()
-{
-    if (isPending())
-        m_world.drops.grantTurns();
 }
 
 } // namespace Velmora::Figura::Storm

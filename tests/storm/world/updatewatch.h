@@ -25,9 +25,6 @@ public:
 
     void noteInvalidated(Figure *figure); ///< Called by the figures.
 
-    /// A pass follows, if there is anything to validate, that has other causes than a former one.
-    void grantTurns();
-
 private:
     /// A figure that the pass has to validate, and whose child it was when the pass began.
     struct Promise

@@ -164,11 +164,10 @@ void World::settle()
     stage.settle();
     const QScopedValueRollback<bool> quiet(m_quiet, true);
     stage.settle();
-    if (UpdateWatch *manager = updateManager()) {
-        manager->grantTurns();
+    if (UpdateWatch *manager = updateManager())
         manager->performUpdate();
-    }
     stage.settle();
+    stage.takeSecondTurns();
 }
 
 void World::checkAtRest(void (*check)(World &))
