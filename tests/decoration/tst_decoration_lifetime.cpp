@@ -112,6 +112,13 @@ void addConnectionRows()
     QTest::newRow("PolylineFConnection") << true;
 }
 
+void addMoments()
+{
+    QTest::addColumn<bool>("isSetLater");
+    QTest::newRow("given from the beginning") << false;
+    QTest::newRow("set later") << true;
+}
+
 } // namespace
 
 class tst_DecorationLifetime : public QObject
@@ -133,7 +140,9 @@ private Q_SLOTS:
     void labelSurvivesItsLocator();
     void locatorDestroyedWhileItsConnectionIsLaidOut();
 
+    void deadOwnerCountsAsNone_data() { addMoments(); }
     void deadOwnerCountsAsNone();
+    void deadLocatorCountsAsNone_data() { addMoments(); }
     void deadLocatorCountsAsNone();
     void decorationIsDeletedWhileItsOwnerLives();
     void decorationIsDeletedBySomebodyWhoHearsOfTheMove();
@@ -340,8 +349,11 @@ void tst_DecorationLifetime::locatorDestroyedWhileItsConnectionIsLaidOut()
 
 void tst_DecorationLifetime::deadOwnerCountsAsNone()
 {
+    QFETCH(bool, isSetLater);
     auto owner = std::make_unique<Figure>();
-    DecorationProbe decoration(owner.get(), nullptr);
+    DecorationProbe decoration(isSetLater ? nullptr : owner.get(), nullptr);
+    if (isSetLater)
+        decoration.setOwner(owner.get());
 
     owner.reset();
 
@@ -352,8 +364,11 @@ void tst_DecorationLifetime::deadOwnerCountsAsNone()
 
 void tst_DecorationLifetime::deadLocatorCountsAsNone()
 {
+    QFETCH(bool, isSetLater);
     auto locator = std::make_unique<ObjectLocator>();
-    DecorationProbe decoration(nullptr, locator.get());
+    DecorationProbe decoration(nullptr, isSetLater ? nullptr : locator.get());
+    if (isSetLater)
+        decoration.setLocator(locator.get());
     decoration.setBounds(UNTOUCHED);
 
     locator.reset();

@@ -229,6 +229,7 @@ private Q_SLOTS:
     void viewerTakesANewContentAfterTheFormerOneIsGone();
     void viewerTakesANewManagerAfterTheFormerOneIsGone();
     void managerForgetsAViewerThatIsGone();
+    void widgetThatWasTakenOutOutlivesItsViewer();
 };
 
 void tst_ViewLifetime::anyPartMayGoFirst()
@@ -403,6 +404,25 @@ void tst_ViewLifetime::managerForgetsAViewerThatIsGone()
     QCOMPARE(manager.getViewer(), nullptr);
     QTest::ignoreMessage(QtWarningMsg, "UpdateManager::addDirtyRegion(): no managed widget");
     manager.addDirtyRegion(QRect(1, 2, 3, 4));
+}
+
+void tst_ViewLifetime::widgetThatWasTakenOutOutlivesItsViewer()
+{
+    Parts parts;
+    const std::unique_ptr<QWidget> widget(parts.viewer->takeWidget());
+    QVERIFY(widget);
+    parts.destroy(Part::Viewer);
+
+    widget->resize(200, 100);
+    widget->show();
+    QHoverEvent hover(QEvent::HoverMove, QPointF(5, 5), QPointF(5, 5), QPointF(1, 1));
+    QCoreApplication::sendEvent(widget.get(), &hover);
+    settle(widget.get());
+
+    QCOMPARE(qobject_cast<FreeformWidget *>(widget.get())->getContent(), parts.pane);
+    parts.first->setBounds(QRect(1000, 1000, 10, 10));
+    settle(widget.get());
+    QCOMPARE(widget->grab().size(), widget->size());
 }
 
 QTEST_MAIN(tst_ViewLifetime)
