@@ -398,8 +398,9 @@ def code_of(path):
     with tempfile.NamedTemporaryFile(suffix=".o") as out:
         subprocess.run(["objcopy", "--strip-debug", "--strip-unneeded", str(path), out.name],
                        check=True)
-        text = subprocess.run(["objdump", "-d", "-r", "-s", "-j", ".text", "-j", ".rodata",
-                               "--no-show-raw-insn", out.name], capture_output=True, check=False)
+        # All sections: what is inline, a template or a lambda has one of its own.
+        text = subprocess.run(["objdump", "-d", "-r", "-s", "--no-show-raw-insn", out.name],
+                              capture_output=True, check=False)
     return text.stdout.split(b"\n", 3)[-1]
 
 

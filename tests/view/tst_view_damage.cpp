@@ -92,6 +92,21 @@ private:
     }
 };
 
+// Paints a widget into the air while it is painted itself.
+class NestingFigure : public Figure
+{
+public:
+    QWidget *inner = nullptr;
+    mutable int paints = 0;
+
+protected:
+    void drawFigure(QPainter *, const QStyleOptionViewItem &) const override
+    {
+        ++paints;
+        inner->grab();
+    }
+};
+
 } // namespace
 
 class tst_View_Damage : public QObject
@@ -103,6 +118,7 @@ private Q_SLOTS:
     void fewChangesArePaintedEachByItself();
     void manyChangesArePaintedAsOneRectangle();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
+    void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
     void recoloringOneOfManyTurnsToFewFigures();
     void movingOneOfManyTurnsToFewFigures();
     void manyChangesLeaveTheRightPixels_data();
@@ -164,6 +180,33 @@ void tst_View_Damage::whatLiesBetweenTwoFarChangesIsNotPainted()
     // The pane, the layer, and the two with those that touch them.
     const long painted = workCounters().painted - before;
     QVERIFY2(painted >= 4 && painted <= 12, qPrintable(QString::number(painted)));
+}
+
+void tst_View_Damage::whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted()
+{
+    FreeformViewer inner;
+    FreeformLayeredPane innerPane;
+    inner.setContent(&innerPane);
+    Field field;
+    FreeformLayer beneath;
+    NestingFigure nesting;
+    nesting.inner = inner.widget();
+    beneath.add(&nesting, QRect(0, 0, 10, 10));
+    field.pane.addLayerBeneath(&beneath, QStringLiteral("beneath"), &field.layer);
+    beneath.setBounds(field.layer.getBounds());
+    field.settle();
+    QVERIFY(field.isShown);
+    nesting.paints = 0;
+    const long before = workCounters().painted;
+
+    field.at(0, 0).setEnabledBGColor(Qt::red);
+    field.at(6, 6).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QCOMPARE(nesting.paints, 1);
+    // As without the other viewer, and its own.
+    const long painted = workCounters().painted - before;
+    QVERIFY2(painted >= 5 && painted <= 16, qPrintable(QString::number(painted)));
 }
 
 void tst_View_Damage::recoloringOneOfManyTurnsToFewFigures()
