@@ -35,9 +35,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "dev"
 GROUPS = ["geometry", "figure", "layout", "view", "connection", "decoration", "shape"]
 # Shapes draw the polylines, connections hold the decorations: their tests are one. What a figure
-# notes for its layout and for the screen shows only there.
+# hands on to layouts, shapes and the screen shows only there.
 TESTS_OF = {
-    "figure": ["figure", "layout", "view"],
+    "figure": ["figure", "layout", "shape", "view"],
     "decoration": ["decoration", "connection"],
     "connection": ["connection", "decoration"],
 }

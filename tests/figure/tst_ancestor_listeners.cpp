@@ -754,12 +754,13 @@ void tst_Ancestor_Listeners::chainIsLetGoByTheLastListenerAndWatchedAnewByTheNex
     child.addAncestorListener(&listener);
     QCOMPARE(parent.connections(), connections + 3);
     const auto leave = [&] { child.removeAncestorListener(&listener); };
-    if (whileTold)
+    if (whileTold) {
         connect(&child, &Figure::ancestorMoved, this, leave, Qt::SingleShotConnection);
-    else
+        nudge(parent);
+    } else {
         leave();
+    }
 
-    nudge(parent);
     QCOMPARE(parent.connections(), connections);
     listener.clear();
     child.addAncestorListener(&listener);

@@ -1,13 +1,17 @@
 #include "figure/workcounters_p.h"
 
+#include <figura/figure/Border.h>
+#include <figura/geometry/Insets.h>
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
 
+#include <QPainter>
 #include <QPaintEvent>
 #include <QRandomGenerator>
 #include <QScreen>
+#include <QStyleOptionViewItem>
 #include <QTest>
 
 #include <memory>
@@ -92,6 +96,22 @@ private:
     }
 };
 
+// A frame outside the figure.
+class OuterBorder : public Border
+{
+public:
+    static constexpr int width = 8;
+
+    OuterBorder() { setInsets(Insets(-width, -width, -width, -width)); }
+
+    void render(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        const QRect outer = option.rect.adjusted(-width, -width, width, width);
+        painter->setClipRegion(QRegion(outer) - option.rect);
+        painter->fillRect(outer, Qt::darkRed);
+    }
+};
+
 // Paints a widget into the air while it is painted itself.
 class NestingFigure : public Figure
 {
@@ -119,6 +139,8 @@ private Q_SLOTS:
     void manyChangesArePaintedAsOneRectangle();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
     void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
+    void figureIsPaintedAgainWhereOnlyItsBorderReaches();
+    void whatABorderHasLeftIsDamagedOnceMore();
     void recoloringOneOfManyTurnsToFewFigures();
     void movingOneOfManyTurnsToFewFigures();
     void manyChangesLeaveTheRightPixels_data();
@@ -207,6 +229,47 @@ void tst_View_Damage::whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted()
     // As without the other viewer, and its own.
     const long painted = workCounters().painted - before;
     QVERIFY2(painted >= 5 && painted <= 16, qPrintable(QString::number(painted)));
+}
+
+void tst_View_Damage::figureIsPaintedAgainWhereOnlyItsBorderReaches()
+{
+    OuterBorder border;
+    Field field;
+    QVERIFY(field.isShown);
+    field.at(3, 3).setBorder(&border);
+    field.at(3, 3).repaint();
+    field.settle();
+    const long before = workCounters().painted;
+
+    field.layer.repaint(QRect(144, 130, 2, 2));
+    field.settle();
+
+    // The pane, the layer, and the figure that begins at 150.
+    QCOMPARE(workCounters().painted - before, 3L);
+}
+
+void tst_View_Damage::whatABorderHasLeftIsDamagedOnceMore()
+{
+    OuterBorder border;
+    Field field;
+    QVERIFY(field.isShown);
+    Rectangle &box = field.at(3, 3);
+    box.setBorder(&border);
+    box.repaint();
+    field.settle();
+    PaintRecorder recorder(field.viewer.widget());
+    const auto damagedBy = [&](const QRect &rect) {
+        recorder.regions.clear();
+        box.repaint(rect);
+        field.settle();
+        return recorder.regions.value(0).boundingRect().size();
+    };
+    const QSize more(2 * OuterBorder::width, 2 * OuterBorder::width);
+    box.setBorder(nullptr);
+
+    QCOMPARE(damagedBy(QRect(160, 130, 1, 1)), QSize(1, 1) + more);
+    QCOMPARE(damagedBy(box.getBounds()), QSize(40, 30) + more);
+    QCOMPARE(damagedBy(box.getBounds()), QSize(42, 32));
 }
 
 void tst_View_Damage::recoloringOneOfManyTurnsToFewFigures()
