@@ -141,6 +141,7 @@ private Q_SLOTS:
     void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
     void figureIsPaintedAgainWhereOnlyItsBorderReaches();
     void whatABorderHasLeftIsDamagedOnceMore();
+    void gridIsDamagedAsFarAsItBeginsBeforeItsPane();
     void recoloringOneOfManyTurnsToFewFigures();
     void movingOneOfManyTurnsToFewFigures();
     void manyChangesLeaveTheRightPixels_data();
@@ -270,6 +271,24 @@ void tst_View_Damage::whatABorderHasLeftIsDamagedOnceMore()
     QCOMPARE(damagedBy(QRect(160, 130, 1, 1)), QSize(1, 1) + more);
     QCOMPARE(damagedBy(box.getBounds()), QSize(40, 30) + more);
     QCOMPARE(damagedBy(box.getBounds()), QSize(42, 32));
+}
+
+void tst_View_Damage::gridIsDamagedAsFarAsItBeginsBeforeItsPane()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    field.pane.setFreeformBounds(QRect(88, 79, 100, 80));
+    field.pane.setSnapSize(10);
+    field.pane.setDrawGrid(true);
+    field.settle();
+    const PaintRecorder recorder(field.viewer.widget());
+
+    field.pane.repaint();
+    field.settle();
+
+    // Main lines lie 50 apart: those before the corner at 50, which is 38 away.
+    QCOMPARE(recorder.regions.size(), 1);
+    QCOMPARE(recorder.regions.first().boundingRect().size(), QSize(100 + 2 * 38, 80 + 2 * 38));
 }
 
 void tst_View_Damage::recoloringOneOfManyTurnsToFewFigures()
