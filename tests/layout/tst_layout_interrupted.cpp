@@ -145,6 +145,21 @@ public:
     std::vector<std::unique_ptr<Figure>> figures;
 };
 
+/// Does not survive the question for its client area.
+class VanishingFigure : public Figure
+{
+public:
+    bool isDoomed = false;
+
+    QRect getClientArea() override
+    {
+        const QRect area = Figure::getClientArea();
+        if (isDoomed)
+            delete this;
+        return area;
+    }
+};
+
 } // namespace
 
 class tst_LayoutInterrupted : public QObject
@@ -170,6 +185,8 @@ private Q_SLOTS:
     void childrenOfAnySizeAreFound();
     void childrenThatBecomeStaleDuringAPassAreInTime_data();
     void childrenThatBecomeStaleDuringAPassAreInTime();
+    void childBehindAGapThatClosesDuringAPassIsInTime();
+    void layoutOfAContainerThatGoesWhenItIsAskedForItsAreaFails();
 };
 
 void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
@@ -541,6 +558,44 @@ void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime()
     for (int i = 100; i < 200; ++i)
         QVERIFY2(crowd.at(i)->getFlag(Figure::FLAG_VALID) || i == leaving,
                  qPrintable(QString::number(i)));
+}
+
+// The one that has called moves forward in the list, and so does the one that comes next.
+void tst_LayoutInterrupted::childBehindAGapThatClosesDuringAPassIsInTime()
+{
+    Crowd crowd(200);
+    ProbeLayout inner;
+    crowd.at(5)->setLayoutManager(&inner);
+    crowd.parent.validate();
+    bool hasActed = false;
+    inner.whilePerforming = [&] {
+        if (std::exchange(hasActed, true))
+            return;
+        for (int i : {1, 2, 3})
+            crowd.parent.remove(crowd.at(i));
+        QCOMPARE(crowd.parent.childFigures().size(), 197);
+        crowd.at(6)->invalidate();
+    };
+    inner.invalidate();
+    crowd.at(5)->revalidate();
+
+    crowd.parent.validate();
+
+    QVERIFY(hasActed);
+    QVERIFY(crowd.at(6)->getFlag(Figure::FLAG_VALID));
+}
+
+void tst_LayoutInterrupted::layoutOfAContainerThatGoesWhenItIsAskedForItsAreaFails()
+{
+    ProbeLayout layout;
+    const QPointer<VanishingFigure> container(new VanishingFigure);
+    container->setBounds(QRect(0, 0, 100, 100));
+    container->setLayoutManager(&layout);
+    container->isDoomed = true;
+
+    QVERIFY(!layout.layout(container));
+
+    QVERIFY(!container);
 }
 
 Q_DECLARE_METATYPE(Operation)
