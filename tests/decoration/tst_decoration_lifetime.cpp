@@ -56,6 +56,20 @@ public:
     using RelativeLocator::RelativeLocator;
 };
 
+/// Does something when it is asked how large it would like to be.
+class MeasuredFigure : public Figure
+{
+public:
+    std::function<void()> whenMeasured;
+
+    QSize getPreferredSize() override
+    {
+        if (whenMeasured)
+            whenMeasured();
+        return {20, 10};
+    }
+};
+
 class OpenConnection : public PolylineConnection
 {
 public:
@@ -133,6 +147,7 @@ private Q_SLOTS:
     void indexedLocatorsOfADeadConnectionReportTheirIndex();
     void arrowLocatorOfADeadConnectionReportsIt();
     void endpointLocatorOfADeadConnectionDoesNothing();
+    void endpointLocatorThatGoesWhileItMeasuresPlacesNothing();
     void endpointLocatorForgetsADeadOwner();
     void endpointLocatorForgetsADeadAnchor();
     void relativeLocatorOfADeadFigureDoesNothing();
@@ -217,6 +232,22 @@ void tst_DecorationLifetime::arrowLocatorOfADeadConnectionReportsIt()
         "ArrowLocator::relocate(): no connection or target figure not a rotatable decoration");
     locator.relocate(&arrow);
     QCOMPARE(arrow.getLinePoints(), before);
+}
+
+void tst_DecorationLifetime::endpointLocatorThatGoesWhileItMeasuresPlacesNothing()
+{
+    PolylineConnection connection;
+    connection.setEndPoints(QPoint(0, 0), QPoint(100, 50));
+    const QPointer<ConnectionEndpointLocator> locator(
+        new ConnectionEndpointLocator(&connection, true));
+    MeasuredFigure label;
+    label.setBounds(UNTOUCHED);
+    label.whenMeasured = [&locator] { delete locator; };
+
+    locator->relocate(&label);
+
+    QVERIFY(!locator);
+    QCOMPARE(label.getBounds(), UNTOUCHED);
 }
 
 void tst_DecorationLifetime::endpointLocatorOfADeadConnectionDoesNothing()
