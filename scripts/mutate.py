@@ -2,8 +2,9 @@
 """Breaks the library in small ways and asks whether the tests notice.
 
 Takes a sample of mutants with a fixed seed, compiles each into a library of its own, and runs the
-tests of the group it belongs to against that library until one fails. A mutant whose code is the
-same as before after the compiler is done is equivalent and does not count.
+tests of the group it belongs to against that library until one fails: those named after the file
+first, then the quick ones before the slow ones. A mutant whose code is the same as before after the
+compiler is done is equivalent and does not count.
 
     scripts/mutate.py [--mutants N] [--seed S] [--groups layout,view] [--jobs J]
                       [--only ID] [--list] [--json FILE]
@@ -15,6 +16,7 @@ import argparse
 import collections
 import concurrent.futures
 import difflib
+import functools
 import hashlib
 import json
 import os
@@ -27,15 +29,19 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "dev"
 GROUPS = ["geometry", "figure", "layout", "view", "connection", "decoration", "shape"]
-# Shapes draw the polylines, connections hold the decorations: their tests are one.
+# Shapes draw the polylines, connections hold the decorations: their tests are one. What a figure
+# hands on to layouts, shapes and the screen shows only there.
 TESTS_OF = {
+    "figure": ["figure", "layout", "shape", "view"],
     "decoration": ["decoration", "connection"],
     "connection": ["connection", "decoration"],
 }
+COST = collections.defaultdict(float)  # seconds each test program took without any mutant
 TIMEOUT = 90  # seconds for one test program; the slowest needs a few
 
 Mutant = collections.namedtuple("Mutant", "id group file line operator before after text")
@@ -307,9 +313,15 @@ def tests_by_group():
         properties = {p["name"]: p["value"] for p in test.get("properties", [])}
         if "package" in properties.get("LABELS", []) or "slow" in properties.get("LABELS", []):
             continue
-        folder = pathlib.Path(properties.get("WORKING_DIRECTORY", "."))
-        groups[folder.name].append((test["name"], command, properties))
+        groups[group_of(properties)].append((test["name"], command, properties))
     return groups
+
+
+def group_of(properties):
+    """The folder below tests that a test lies in, however deep."""
+    folder = pathlib.Path(properties.get("WORKING_DIRECTORY", "."))
+    within = folder.relative_to(BUILD / "tests") if folder.is_relative_to(BUILD / "tests") else folder
+    return within.parts[0] if within.parts else ""
 
 
 class Bench:
@@ -329,7 +341,7 @@ class Bench:
         """The sources to compile when \a path changes: itself, or all that include the header."""
         if path.suffix == ".cpp":
             return [path]
-        return [c for c in self.commands if includes(c, path.name)]
+        return [c for c in self.commands if str(path) in dependencies(self.commands[c]["output"])]
 
     def compile(self, path):
         entry = self.commands[path]
@@ -338,6 +350,7 @@ class Bench:
         copy = self.folder / path.relative_to(ROOT)
         target = self.folder / (path.stem + ".o")
         words = words.replace(str(path), str(copy)).replace(entry["output"], str(target))
+        words = words.replace(f"-I{ROOT / 'src'} ", f"-I{self.folder / 'src'} ")
         words = re.sub(r" -Werror\S*", "", words)
         step = run("c++ " + words + " -w -Wno-invalid-pch", shell=True, cwd=entry["directory"])
         return target if step.returncode == 0 else None
@@ -373,8 +386,11 @@ class Bench:
         return "built" if step.returncode == 0 else "broken"
 
 
-def includes(path, name):
-    return f'"{name}"' in path.read_text() or f"/{name}" in path.read_text()
+@functools.cache
+def dependencies(output):
+    """The files that an object was compiled from, headers of headers included."""
+    found = run(["ninja", "-t", "deps", output], cwd=BUILD).stdout.splitlines()[1:]
+    return {str(pathlib.Path(BUILD / line.strip()).resolve()) for line in found if line.strip()}
 
 
 def code_of(path):
@@ -382,16 +398,17 @@ def code_of(path):
     with tempfile.NamedTemporaryFile(suffix=".o") as out:
         subprocess.run(["objcopy", "--strip-debug", "--strip-unneeded", str(path), out.name],
                        check=True)
-        text = subprocess.run(["objdump", "-d", "-r", "-s", "-j", ".text", "-j", ".rodata",
-                               "--no-show-raw-insn", out.name], capture_output=True, check=False)
+        # All sections: what is inline, a template or a lambda has one of its own.
+        text = subprocess.run(["objdump", "-d", "-r", "-s", "--no-show-raw-insn", out.name],
+                              capture_output=True, check=False)
     return text.stdout.split(b"\n", 3)[-1]
 
 
 def ordered(tests, mutant):
-    """Those that bear the name of the file first: they are the likeliest to notice."""
+    """Those that bear the name of the file first: they are the likeliest to notice. Then the cheap."""
     stem = re.sub(r"(_p)?$", "", mutant.file.stem.lower())
     stem = re.sub(r"^freeform|factory$", "", stem)
-    return sorted(tests, key=lambda test: stem not in test[0])
+    return sorted(tests, key=lambda test: (stem not in test[0], COST[test[0]]))
 
 
 def environment(properties, library):
@@ -436,7 +453,10 @@ def check_tests_pass(tests, groups):
     folders = {f for g in groups for f in TESTS_OF.get(g, [g])}
     for folder in sorted(folders):
         for name, command, properties in list(tests[folder]):
-            if fails(command, properties, BUILD / "src"):
+            start = time.monotonic()
+            failed = fails(command, properties, BUILD / "src")
+            COST[name] = time.monotonic() - start
+            if failed:
                 print(f"{name} fails without any mutant: left out", file=sys.stderr)
                 tests[folder].remove((name, command, properties))
 

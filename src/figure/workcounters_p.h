@@ -8,10 +8,11 @@ namespace Velmora::Figura {
 /// the figures of the application's own classes, which could count, are never left out.
 struct WorkCounters
 {
-    long visited = 0; ///< Children that a layout or a figure turned to.
-    long painted = 0; ///< Figures that drew themselves.
-    long laidOut = 0; ///< Layouts that placed their children.
-    long shifted = 0; ///< Children whose place in the list was written anew.
+    long visited = 0;  ///< Children that a layout or a figure turned to.
+    long painted = 0;  ///< Figures that drew themselves.
+    long laidOut = 0;  ///< Layouts that placed their children.
+    long shifted = 0;  ///< Children whose place in the list was written anew.
+    long compared = 0; ///< Areas of children that a grid held against that of a search.
 };
 
 FIGURA_EXPORT WorkCounters &workCounters();

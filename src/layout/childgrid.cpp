@@ -2,6 +2,7 @@
 
 #include "childtable_p.h"
 #include "figure/paintreach_p.h"
+#include "figure/workcounters_p.h"
 #include "shape/pathsource_p.h"
 
 #include <figura/connection/Polyline.h>
@@ -172,6 +173,7 @@ void ChildGrid::collect(quint64 key, const QRect &rect, FoundChildren &found) co
     const auto cell = m_cells.constFind(key);
     if (cell == m_cells.constEnd())
         return;
+    workCounters().compared += static_cast<long>(cell->size());
     for (const Entry &entry : *cell) {
         if (meets(entry.area, rect))
             found.push_back(entry.record);

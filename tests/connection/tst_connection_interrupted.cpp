@@ -207,6 +207,7 @@ private Q_SLOTS:
     void bendpointWithoutPartsLiesAtTheOrigin();
     void bendpointWithoutItsTargetLiesByItsSource();
     void bentRouteDoesWithoutAnAnchorThatGoes();
+    void straightRouteDoesWithoutAnAnchorThatGoes();
     void lineThatIsReservedTwiceIsGivenBackOnce();
     void tipMayGoWhileItIsPlaced();
     void connectionWithoutAParentAsksForNoRepaint();
@@ -471,6 +472,20 @@ void tst_ConnectionInterrupted::bentRouteDoesWithoutAnAnchorThatGoes()
 
     QVERIFY(question.fate.hasStruck());
     QCOMPARE(points, QList<QPoint>({QPoint(0, 0), QPoint(90, 50)}));
+}
+
+// One that has gone is where null anchors are, and so is what was to point to it.
+void tst_ConnectionInterrupted::straightRouteDoesWithoutAnAnchorThatGoes()
+{
+    Question<NullRouter> question;
+    question.fate.at(QStringLiteral("target::getReferencePoint"), 1,
+                     [&] { question.destroy(QStringLiteral("source")); });
+
+    const QList<QPoint> points = question.router->doRoute(question.connection);
+
+    QVERIFY(question.fate.hasStruck());
+    QVERIFY(!question.source);
+    QCOMPARE(points, QList<QPoint>({QPoint(0, 0), QPoint(0, 0)}));
 }
 
 void tst_ConnectionInterrupted::lineThatIsReservedTwiceIsGivenBackOnce()

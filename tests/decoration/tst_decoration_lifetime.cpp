@@ -56,6 +56,20 @@ public:
     using RelativeLocator::RelativeLocator;
 };
 
+/// Does something when it is asked how large it would like to be.
+class MeasuredFigure : public Figure
+{
+public:
+    std::function<void()> whenMeasured;
+
+    QSize getPreferredSize() override
+    {
+        if (whenMeasured)
+            whenMeasured();
+        return {20, 10};
+    }
+};
+
 class OpenConnection : public PolylineConnection
 {
 public:
@@ -112,6 +126,13 @@ void addConnectionRows()
     QTest::newRow("PolylineFConnection") << true;
 }
 
+void addMoments()
+{
+    QTest::addColumn<bool>("isSetLater");
+    QTest::newRow("given from the beginning") << false;
+    QTest::newRow("set later") << true;
+}
+
 } // namespace
 
 class tst_DecorationLifetime : public QObject
@@ -126,6 +147,7 @@ private Q_SLOTS:
     void indexedLocatorsOfADeadConnectionReportTheirIndex();
     void arrowLocatorOfADeadConnectionReportsIt();
     void endpointLocatorOfADeadConnectionDoesNothing();
+    void endpointLocatorThatGoesWhileItMeasuresPlacesNothing();
     void endpointLocatorForgetsADeadOwner();
     void endpointLocatorForgetsADeadAnchor();
     void relativeLocatorOfADeadFigureDoesNothing();
@@ -133,7 +155,9 @@ private Q_SLOTS:
     void labelSurvivesItsLocator();
     void locatorDestroyedWhileItsConnectionIsLaidOut();
 
+    void deadOwnerCountsAsNone_data() { addMoments(); }
     void deadOwnerCountsAsNone();
+    void deadLocatorCountsAsNone_data() { addMoments(); }
     void deadLocatorCountsAsNone();
     void decorationIsDeletedWhileItsOwnerLives();
     void decorationIsDeletedBySomebodyWhoHearsOfTheMove();
@@ -208,6 +232,22 @@ void tst_DecorationLifetime::arrowLocatorOfADeadConnectionReportsIt()
         "ArrowLocator::relocate(): no connection or target figure not a rotatable decoration");
     locator.relocate(&arrow);
     QCOMPARE(arrow.getLinePoints(), before);
+}
+
+void tst_DecorationLifetime::endpointLocatorThatGoesWhileItMeasuresPlacesNothing()
+{
+    PolylineConnection connection;
+    connection.setEndPoints(QPoint(0, 0), QPoint(100, 50));
+    const QPointer<ConnectionEndpointLocator> locator(
+        new ConnectionEndpointLocator(&connection, true));
+    MeasuredFigure label;
+    label.setBounds(UNTOUCHED);
+    label.whenMeasured = [&locator] { delete locator; };
+
+    locator->relocate(&label);
+
+    QVERIFY(!locator);
+    QCOMPARE(label.getBounds(), UNTOUCHED);
 }
 
 void tst_DecorationLifetime::endpointLocatorOfADeadConnectionDoesNothing()
@@ -340,8 +380,11 @@ void tst_DecorationLifetime::locatorDestroyedWhileItsConnectionIsLaidOut()
 
 void tst_DecorationLifetime::deadOwnerCountsAsNone()
 {
+    QFETCH(bool, isSetLater);
     auto owner = std::make_unique<Figure>();
-    DecorationProbe decoration(owner.get(), nullptr);
+    DecorationProbe decoration(isSetLater ? nullptr : owner.get(), nullptr);
+    if (isSetLater)
+        decoration.setOwner(owner.get());
 
     owner.reset();
 
@@ -352,8 +395,11 @@ void tst_DecorationLifetime::deadOwnerCountsAsNone()
 
 void tst_DecorationLifetime::deadLocatorCountsAsNone()
 {
+    QFETCH(bool, isSetLater);
     auto locator = std::make_unique<ObjectLocator>();
-    DecorationProbe decoration(nullptr, locator.get());
+    DecorationProbe decoration(nullptr, isSetLater ? nullptr : locator.get());
+    if (isSetLater)
+        decoration.setLocator(locator.get());
     decoration.setBounds(UNTOUCHED);
 
     locator.reset();

@@ -44,6 +44,17 @@ struct Family
     Figure child;
 };
 
+/// Tells how many connections there are to what it emits.
+class WatchedFigure : public ParentFigure
+{
+public:
+    int connections() const
+    {
+        return receivers(SIGNAL(figureMoved(Figure *))) + receivers(SIGNAL(destroyed(QObject *))) +
+               receivers(SIGNAL(propertyChanged(QString, QVariant, QVariant)));
+    }
+};
+
 /// Grows the figure by a pixel. Unlike a move, that is told by the figure alone.
 void nudge(Figure &figure)
 {
@@ -107,6 +118,8 @@ private Q_SLOTS:
     void helperRewiresThroughItsVirtualOperations();
     void destroyedHelperLetsGo();
     void helperThatOutlivesItsFigureIsForgottenAbove();
+    void chainIsLetGoByTheLastListenerAndWatchedAnewByTheNext_data();
+    void chainIsLetGoByTheLastListenerAndWatchedAnewByTheNext();
 };
 
 void tst_Ancestor_Listeners::init()
@@ -721,6 +734,39 @@ void tst_Ancestor_Listeners::helperThatOutlivesItsFigureIsForgottenAbove()
     root.setBounds(QRect(5, 5, 10, 10));
 
     QCOMPARE(moved.size(), 0);
+}
+
+void tst_Ancestor_Listeners::chainIsLetGoByTheLastListenerAndWatchedAnewByTheNext_data()
+{
+    QTest::addColumn<bool>("whileTold");
+    QTest::newRow("at rest") << false;
+    QTest::newRow("while it is told") << true;
+}
+
+void tst_Ancestor_Listeners::chainIsLetGoByTheLastListenerAndWatchedAnewByTheNext()
+{
+    QFETCH(bool, whileTold);
+    AncestorRecorder listener;
+    WatchedFigure parent;
+    Figure child;
+    parent.add(&child);
+    const int connections = parent.connections();
+    child.addAncestorListener(&listener);
+    QCOMPARE(parent.connections(), connections + 3);
+    const auto leave = [&] { child.removeAncestorListener(&listener); };
+    if (whileTold) {
+        connect(&child, &Figure::ancestorMoved, this, leave, Qt::SingleShotConnection);
+        nudge(parent);
+    } else {
+        leave();
+    }
+
+    QCOMPARE(parent.connections(), connections);
+    listener.clear();
+    child.addAncestorListener(&listener);
+    nudge(parent);
+
+    QCOMPARE(listener.all, Figures({&parent}));
 }
 
 QTEST_MAIN(tst_Ancestor_Listeners)

@@ -283,6 +283,10 @@ void tst_Figure_Bounds::resolveBoundsTakesMissingSizesFromThePreferredSize_data(
     QTest::newRow("both missing") << QRect(10, 10, 0, 0) << size << QRect(10, 10, 30, 20);
     QTest::newRow("width missing") << QRect(10, 10, 0, 5) << size << QRect(10, 10, 30, 5);
     QTest::newRow("height missing") << QRect(10, 10, 5, 0) << size << QRect(10, 10, 5, 20);
+    QTest::newRow("a width of one is none missing")
+        << QRect(10, 10, 1, 0) << size << QRect(10, 10, 1, 20);
+    QTest::newRow("a height of one is none missing")
+        << QRect(10, 10, 0, 1) << size << QRect(10, 10, 30, 1);
     QTest::newRow("negative") << QRect(-10, -10, -1, -9) << size << QRect(-10, -10, 30, 20);
     QTest::newRow("preferred width is not needed")
         << QRect(1, 2, 3, 0) << QSize(0, 20) << QRect(1, 2, 3, 20);

@@ -8,6 +8,9 @@
 #include <rootfigure.h>
 
 #include <figura/figure/SimpleBorder.h>
+#include <figura/view/FreeformLayer.h>
+#include <figura/view/FreeformLayeredPane.h>
+#include <figura/view/FreeformViewer.h>
 
 #include <QSignalSpy>
 #include <QStyleOptionViewItem>
@@ -199,6 +202,25 @@ const QList<Event> &events()
     };
     return list;
 }
+
+/// Writes down when it is validated.
+class OrderlyFigure : public Figure
+{
+public:
+    explicit OrderlyFigure(QList<Figure *> *validated)
+        : m_validated(validated)
+    {
+    }
+
+    void validate() override
+    {
+        m_validated->append(this);
+        Figure::validate();
+    }
+
+private:
+    QList<Figure *> *m_validated;
+};
 
 /// Destroys something when it is laid out or painted.
 class DeadlyFigure : public ParentFigure
@@ -447,18 +469,22 @@ void tst_Figure_Lifetime::newFigureMayTakeTheAddressOfAQueuedOne()
     FakeViewer viewer;
     UpdateManager updates;
     updates.setViewer(&viewer);
-    alignas(CountingFigure) unsigned char place[sizeof(CountingFigure)];
-    auto *former = new (place) CountingFigure;
+    QList<Figure *> validated;
+    alignas(OrderlyFigure) unsigned char place[sizeof(OrderlyFigure)];
+    auto *former = new (place) OrderlyFigure(&validated);
+    OrderlyFigure other(&validated);
     updates.addInvalidFigure(former);
-    former->~CountingFigure();
+    updates.addInvalidFigure(&other);
+    former->~OrderlyFigure();
 
-    auto *present = new (place) CountingFigure;
+    // It comes to the end of the queue, and not into the place of the former one.
+    auto *present = new (place) OrderlyFigure(&validated);
     updates.addInvalidFigure(present);
     updates.addInvalidFigure(present);
     updates.performUpdate();
 
-    QCOMPARE(present->calls().validate, 1);
-    present->~CountingFigure();
+    QCOMPARE(validated, QList<Figure *>({&other, present}));
+    present->~OrderlyFigure();
 }
 
 void tst_Figure_Lifetime::figureDestroyedWhileAnotherIsValidatedIsSkipped()
@@ -482,15 +508,21 @@ void tst_Figure_Lifetime::figureDestroyedWhileAnotherIsValidatedIsSkipped()
 
 void tst_Figure_Lifetime::destroyedUpdateManagerCountsAsNone()
 {
-    World world;
-    QVERIFY(world.child()->getUpdateManager());
+    FreeformViewer viewer;
+    FreeformLayeredPane pane;
+    FreeformLayer layer;
+    pane.addLayer(&layer, QStringLiteral("layer"));
+    viewer.setContent(&pane);
+    QVERIFY(layer.getUpdateManager());
+    QCOMPARE(layer.getUpdateManager(), viewer.getUpdateManager());
 
-    world.root()->removeNotify();
-    world.destroy(QStringLiteral("updates"));
+    delete viewer.getUpdateManager();
 
-    QCOMPARE(world.child()->getUpdateManager(), nullptr);
-    world.child()->repaint();
-    world.child()->revalidate();
+    QCOMPARE(layer.getUpdateManager(), nullptr);
+    layer.setBounds(QRect(0, 0, 10, 10));
+    layer.repaint();
+    layer.revalidate();
+    QVERIFY(layer.getFlag(Figure::FLAG_NOTIFIED));
 }
 
 void tst_Figure_Lifetime::anyOrderOfDestructionIsSafe()

@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+#include <malloc.h>
 #include <memory>
 #include <vector>
 
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void nullListenerIsIgnored();
     void destroyedListenerIsForgotten();
     void manyListenersComeAndGo();
+    void listenersThatDieOneByOneDoNotPileUp();
 };
 
 void tst_Property_Listeners::init()
@@ -223,6 +225,28 @@ void tst_Property_Listeners::destroyedListenerIsForgotten()
     figure.setParentFigure(nullptr);
 
     QCOMPARE(staying.changes.size(), 1);
+}
+
+void tst_Property_Listeners::listenersThatDieOneByOneDoNotPileUp()
+{
+    Figure figure;
+    std::vector<std::unique_ptr<PropertyListener>> staying;
+    for (int i = 0; i < 50; ++i) {
+        staying.push_back(std::make_unique<PropertyListener>());
+        figure.addPropertyChangeListener(staying.back().get());
+    }
+    const auto heapAfter = [&figure](int passing) {
+        for (int i = 0; i < passing; ++i) {
+            PropertyListener dying;
+            figure.addPropertyChangeListener(&dying);
+        }
+        return qint64(mallinfo2().uordblks);
+    };
+
+    const qint64 before = heapAfter(1000);
+    const qint64 after = heapAfter(10'000);
+
+    QVERIFY2(after - before < 50'000, qPrintable(QString::number(after - before)));
 }
 
 void tst_Property_Listeners::manyListenersComeAndGo()

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void drawBorderRectRefusesANullPainterAndAnInvalidRect();
     void painterStateIsRestored();
     void pixelsOfAWideBorderFormOneThinFrame();
+    void frameOfOnePixelIsPaintedAtAnyScale_data();
+    void frameOfOnePixelIsPaintedAtAnyScale();
     void picture();
 };
 
@@ -231,6 +233,32 @@ void tst_SimpleBorder::pixelsOfAWideBorderFormOneThinFrame()
     // From toBorderRect(): (12, 12) to (37, 37).
     QCOMPARE(extentOf(image, Qt::red), QRect(QPoint(12, 12), QPoint(37, 37)));
     QCOMPARE(countPixels(image, Qt::red), 4 * 26 - 4);
+}
+
+void tst_SimpleBorder::frameOfOnePixelIsPaintedAtAnyScale_data()
+{
+    QTest::addColumn<double>("scale");
+    for (double scale : {1.0, 2.0, 3.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+// Its sides are lines without length, which Qt stretches when they are scaled.
+void tst_SimpleBorder::frameOfOnePixelIsPaintedAtAnyScale()
+{
+    QFETCH(double, scale);
+    SimpleBorder border(nullptr, 1);
+    border.setColor(Qt::red);
+    const QRect rect(10, 10, 1, 1);
+
+    const QImage image = paintedImage(QSize(60, 60), [&](QPainter *painter) {
+        painter->scale(scale, scale);
+        border.render(painter, optionFor(rect));
+    });
+
+    const QRect painted = extentOf(image, Qt::red);
+    QVERIFY(painted.isValid());
+    const QRect scaled = QRectF(10 * scale, 10 * scale, scale, scale).toAlignedRect();
+    QVERIFY(scaled.adjusted(-1, -1, 1, 1).contains(painted));
 }
 
 void tst_SimpleBorder::picture()

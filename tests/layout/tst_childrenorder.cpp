@@ -89,6 +89,7 @@ private Q_SLOTS:
     void eitherEndMayBeTakenWhileTheListIsRead_data();
     void eitherEndMayBeTakenWhileTheListIsRead();
     void gapsDoNotPileUpWhileNobodyLooks();
+    void gapThatClosesMovesAndNumbersAllChildren();
     void childThatLeavesStaysInItsPlaceWithoutARecord();
     void childMayComeBackWhileItLeaves();
 };
@@ -132,6 +133,7 @@ void tst_ChildrenOrder::childrenMayComeBetweenTheSameTwoForEver()
     for (Figure *figure : inOrder(crowd.model, QStringLiteral("random")))
         crowd.remove(figure);
     QCOMPARE(crowd.children.childFigureCount(), 0);
+    QVERIFY(effort.spent() >= 202); // they had to be numbered once
     QVERIFY2(effort.spent() <= 5 * 202, qPrintable(QString::number(effort.spent())));
 }
 
@@ -195,6 +197,19 @@ void tst_ChildrenOrder::gapsDoNotPileUpWhileNobodyLooks()
     const Effort effort;
     QCOMPARE(crowd.order(), crowd.model);
     QVERIFY(effort.spent() <= 8);
+}
+
+// Which is why it has to wait until somebody looks.
+void tst_ChildrenOrder::gapThatClosesMovesAndNumbersAllChildren()
+{
+    Crowd crowd(1000);
+    crowd.remove(crowd.model.at(500));
+    const Effort effort;
+
+    QCOMPARE(crowd.order(), crowd.model);
+    QCOMPARE(effort.spent(), 1000L);
+    crowd.remove(crowd.model.at(500));
+    QCOMPARE(effort.spent(), 1000L + 999L);
 }
 
 // Its parent figure is taken from it before it leaves the list.

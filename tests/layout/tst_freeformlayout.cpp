@@ -71,6 +71,8 @@ private Q_SLOTS:
     void extentDoesNotReachForTheOrigin();
     void extentRoundsFloatingRectangles();
     void extentResolvesUnsetSizes();
+    void extentResolvesHoweverManySizesAreUnset_data();
+    void extentResolvesHoweverManySizesAreUnset();
     void extentCountsRectanglesOnly_data();
     void extentCountsRectanglesOnly();
     void extentSkipsHiddenChildren();
@@ -202,6 +204,33 @@ void tst_FreeformLayout::extentResolvesUnsetSizes()
     QCOMPARE(scene.layout.getConstraint(&child), QVariant(QRect(5, 6, 0, 7)));
 
     QCOMPARE(scene.layout.getFreeformExtent(), QRect(5, 6, 30, 7));
+}
+
+void tst_FreeformLayout::extentResolvesHoweverManySizesAreUnset_data()
+{
+    QTest::addColumn<int>("count");
+    for (int count = 0; count <= 3; ++count)
+        QTest::addRow("%d", count) << count;
+}
+
+// In a layout of exactly this class, which keeps what children of its own kind contribute.
+void tst_FreeformLayout::extentResolvesHoweverManySizesAreUnset()
+{
+    QFETCH(int, count);
+    Figure container;
+    FreeformLayout layout(&container);
+    container.setLayoutManager(&layout);
+    const auto add = [&](const QRect &rect) {
+        auto *child = new Figure(&container);
+        child->setPreferredSize(QSize(30, 20));
+        layout.add(child, rect);
+    };
+
+    add(QRect(0, 0, 30, 20));
+    for (int i = 1; i <= count; ++i)
+        add(QRect(100 * i, 0, 0, 0));
+
+    QCOMPARE(layout.getFreeformExtent(), QRect(0, 0, 100 * count + 30, 20));
 }
 
 void tst_FreeformLayout::extentCountsRectanglesOnly_data()

@@ -510,6 +510,7 @@ void tst_LayoutConstraints::locatorDeletedWhileInUseLeavesItsChildInPlace()
     delete locator;
     scene.figure.validate();
 
+    QVERIFY(!scene.layout.getConstraint(&child).isValid());
     QCOMPARE(child.getBounds(), QRect(5, 6, 7, 8));
     QCOMPARE(scene.layout.childFigures(), QList<Figure *>{&child});
 }

@@ -145,6 +145,21 @@ public:
     std::vector<std::unique_ptr<Figure>> figures;
 };
 
+/// Does not survive the question for its client area.
+class VanishingFigure : public Figure
+{
+public:
+    bool isDoomed = false;
+
+    QRect getClientArea() override
+    {
+        const QRect area = Figure::getClientArea();
+        if (isDoomed)
+            delete this;
+        return area;
+    }
+};
+
 } // namespace
 
 class tst_LayoutInterrupted : public QObject
@@ -170,6 +185,8 @@ private Q_SLOTS:
     void childrenOfAnySizeAreFound();
     void childrenThatBecomeStaleDuringAPassAreInTime_data();
     void childrenThatBecomeStaleDuringAPassAreInTime();
+    void childBehindAGapThatClosesDuringAPassIsInTime();
+    void layoutOfAContainerThatGoesWhenItIsAskedForItsAreaFails();
 };
 
 void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
@@ -322,11 +339,15 @@ void tst_LayoutInterrupted::childrenMayLeaveDuringASearch_data()
 {
     QTest::addColumn<bool>("upwards");
     QTest::addColumn<int>("leaving");
+    QTest::addColumn<bool>("isDestroyed");
     for (const bool upwards : {false, true}) {
-        const char *way = upwards ? "in a rectangle" : "at a point";
-        QTest::addRow("%s, the first of all", way) << upwards << 0;
-        QTest::addRow("%s, one in between", way) << upwards << 45;
-        QTest::addRow("%s, one that lies there", way) << upwards << 61;
+        for (const bool isDestroyed : {false, true}) {
+            const QByteArray way = QByteArray(upwards ? "in a rectangle" : "at a point") +
+                                   (isDestroyed ? ", destroyed: " : ", taken out: ");
+            QTest::addRow("%sthe first of all", way.data()) << upwards << 0 << isDestroyed;
+            QTest::addRow("%sone in between", way.data()) << upwards << 45 << isDestroyed;
+            QTest::addRow("%sone that lies there", way.data()) << upwards << 61 << isDestroyed;
+        }
     }
 }
 
@@ -336,7 +357,9 @@ void tst_LayoutInterrupted::childrenMayLeaveDuringASearch()
 {
     QFETCH(bool, upwards);
     QFETCH(int, leaving);
+    QFETCH(bool, isDestroyed);
     Crowd crowd;
+    const Figure *gone = nullptr;
     for (int i = 0; i < 3; ++i)
         crowd.add(std::make_unique<Rectangle>(), QRect(80, 0, 20, 20));
     crowd.parent.validate();
@@ -346,8 +369,15 @@ void tst_LayoutInterrupted::childrenMayLeaveDuringASearch()
     ActingSearch search;
     search.acceptsAll = upwards;
     search.trigger = upwards ? crowd.at(4) : crowd.at(62);
-    search.act = [&] { crowd.parent.remove(crowd.at(leaving)); };
+    search.act = [&] {
+        gone = crowd.at(leaving);
+        if (isDestroyed)
+            crowd.figures[std::size_t(leaving)].reset();
+        else
+            crowd.parent.remove(crowd.at(leaving));
+    };
     QList<Figure *> found;
+    const Figure *const lying = crowd.at(61);
 
     if (upwards)
         crowd.parent.findFigures(found, QRect(85, 5, 1, 1), search, false);
@@ -355,9 +385,10 @@ void tst_LayoutInterrupted::childrenMayLeaveDuringASearch()
         QVERIFY(!crowd.parent.findFigureAt(85, 5, search));
 
     QVERIFY(search.asked.contains(crowd.at(upwards ? 62 : 4)));
-    QCOMPARE(search.asked.contains(crowd.at(61)), leaving != 61);
+    QCOMPARE(search.asked.contains(lying), leaving != 61);
     QVERIFY(!search.asked.contains(crowd.at(30)));
-    QVERIFY(!search.asked.contains(crowd.at(leaving)));
+    QVERIFY(gone);
+    QVERIFY(!search.asked.contains(gone));
 }
 
 void tst_LayoutInterrupted::childrenMayComeDuringASearch()
@@ -527,6 +558,44 @@ void tst_LayoutInterrupted::childrenThatBecomeStaleDuringAPassAreInTime()
     for (int i = 100; i < 200; ++i)
         QVERIFY2(crowd.at(i)->getFlag(Figure::FLAG_VALID) || i == leaving,
                  qPrintable(QString::number(i)));
+}
+
+// The one that has called moves forward in the list, and so does the one that comes next.
+void tst_LayoutInterrupted::childBehindAGapThatClosesDuringAPassIsInTime()
+{
+    Crowd crowd(200);
+    ProbeLayout inner;
+    crowd.at(5)->setLayoutManager(&inner);
+    crowd.parent.validate();
+    bool hasActed = false;
+    inner.whilePerforming = [&] {
+        if (std::exchange(hasActed, true))
+            return;
+        for (int i : {1, 2, 3})
+            crowd.parent.remove(crowd.at(i));
+        QCOMPARE(crowd.parent.childFigures().size(), 197);
+        crowd.at(6)->invalidate();
+    };
+    inner.invalidate();
+    crowd.at(5)->revalidate();
+
+    crowd.parent.validate();
+
+    QVERIFY(hasActed);
+    QVERIFY(crowd.at(6)->getFlag(Figure::FLAG_VALID));
+}
+
+void tst_LayoutInterrupted::layoutOfAContainerThatGoesWhenItIsAskedForItsAreaFails()
+{
+    ProbeLayout layout;
+    const QPointer<VanishingFigure> container(new VanishingFigure);
+    container->setBounds(QRect(0, 0, 100, 100));
+    container->setLayoutManager(&layout);
+    container->isDoomed = true;
+
+    QVERIFY(!layout.layout(container));
+
+    QVERIFY(!container);
 }
 
 Q_DECLARE_METATYPE(Operation)

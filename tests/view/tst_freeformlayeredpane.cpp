@@ -87,6 +87,7 @@ private Q_SLOTS:
     void nullLayerIsOnlyRefused();
     void removedLayerIsNotWatchedAnyMore();
     void removedNestedPaneIsNotWatchedAnyMore();
+    void layerLeavesWhenTheLayoutIsGone();
     void removalOfUnknownKeyGivesNull();
 
     void backgroundColourIsNotPainted();
@@ -454,6 +455,19 @@ void tst_FreeformLayeredPane::removedNestedPaneIsNotWatchedAnyMore()
     QCOMPARE(pane.removeLayer(a), &nested);
 
     QVERIFY(!isWatched(pane, &nested));
+}
+
+void tst_FreeformLayeredPane::layerLeavesWhenTheLayoutIsGone()
+{
+    FreeformLayer layer;
+    FreeformLayeredPane pane;
+    pane.addLayer(&layer, a);
+
+    delete pane.getLayoutManager();
+
+    QCOMPARE(pane.removeLayer(a), &layer);
+    QCOMPARE(pane.removeLayer(a), nullptr);
+    QCOMPARE(pane.getFreeformExtent(), QRect());
 }
 
 void tst_FreeformLayeredPane::removalOfUnknownKeyGivesNull()

@@ -1,13 +1,17 @@
 #include "figure/workcounters_p.h"
 
+#include <figura/figure/Border.h>
+#include <figura/geometry/Insets.h>
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
 
+#include <QPainter>
 #include <QPaintEvent>
 #include <QRandomGenerator>
 #include <QScreen>
+#include <QStyleOptionViewItem>
 #include <QTest>
 
 #include <memory>
@@ -92,6 +96,37 @@ private:
     }
 };
 
+// A frame outside the figure.
+class OuterBorder : public Border
+{
+public:
+    static constexpr int width = 8;
+
+    OuterBorder() { setInsets(Insets(-width, -width, -width, -width)); }
+
+    void render(QPainter *painter, const QStyleOptionViewItem &option) const override
+    {
+        const QRect outer = option.rect.adjusted(-width, -width, width, width);
+        painter->setClipRegion(QRegion(outer) - option.rect);
+        painter->fillRect(outer, Qt::darkRed);
+    }
+};
+
+// Paints a widget into the air while it is painted itself.
+class NestingFigure : public Figure
+{
+public:
+    QWidget *inner = nullptr;
+    mutable int paints = 0;
+
+protected:
+    void drawFigure(QPainter *, const QStyleOptionViewItem &) const override
+    {
+        ++paints;
+        inner->grab();
+    }
+};
+
 } // namespace
 
 class tst_View_Damage : public QObject
@@ -101,8 +136,13 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
     void changeOutsideTheViewportAsksForNoPaint();
     void fewChangesArePaintedEachByItself();
+    void manyChangesArePaintedAsOneRectangle_data();
     void manyChangesArePaintedAsOneRectangle();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
+    void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
+    void figureIsPaintedAgainWhereOnlyItsBorderReaches();
+    void whatABorderHasLeftIsDamagedOnceMore();
+    void gridIsDamagedAsFarAsItBeginsBeforeItsPane();
     void recoloringOneOfManyTurnsToFewFigures();
     void movingOneOfManyTurnsToFewFigures();
     void manyChangesLeaveTheRightPixels_data();
@@ -137,18 +177,28 @@ void tst_View_Damage::fewChangesArePaintedEachByItself()
     QCOMPARE(recorder.regions.first().rectCount(), 2);
 }
 
+void tst_View_Damage::manyChangesArePaintedAsOneRectangle_data()
+{
+    QTest::addColumn<int>("changes");
+    QTest::addColumn<int>("rects");
+    QTest::newRow("the last that are told apart") << 32 << 32;
+    QTest::newRow("the first that are not") << 33 << 1;
+    QTest::newRow("more") << 42 << 1;
+}
+
 void tst_View_Damage::manyChangesArePaintedAsOneRectangle()
 {
+    QFETCH(int, changes);
     Field field;
     QVERIFY(field.isShown);
     const PaintRecorder recorder(field.viewer.widget());
 
-    for (int i = 0; i < 42; ++i)
+    for (int i = 0; i < changes; ++i)
         field.at(i % 7, i / 7).setEnabledBGColor(Qt::red);
     field.settle();
 
     QCOMPARE(recorder.regions.size(), 1);
-    QCOMPARE(recorder.regions.first().rectCount(), 1);
+    QTEST(recorder.regions.first().rectCount(), "rects");
 }
 
 void tst_View_Damage::whatLiesBetweenTwoFarChangesIsNotPainted()
@@ -164,6 +214,92 @@ void tst_View_Damage::whatLiesBetweenTwoFarChangesIsNotPainted()
     // The pane, the layer, and the two with those that touch them.
     const long painted = workCounters().painted - before;
     QVERIFY2(painted >= 4 && painted <= 12, qPrintable(QString::number(painted)));
+}
+
+void tst_View_Damage::whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted()
+{
+    FreeformViewer inner;
+    FreeformLayeredPane innerPane;
+    inner.setContent(&innerPane);
+    Field field;
+    FreeformLayer beneath;
+    NestingFigure nesting;
+    nesting.inner = inner.widget();
+    beneath.add(&nesting, QRect(0, 0, 10, 10));
+    field.pane.addLayerBeneath(&beneath, QStringLiteral("beneath"), &field.layer);
+    beneath.setBounds(field.layer.getBounds());
+    field.settle();
+    QVERIFY(field.isShown);
+    nesting.paints = 0;
+    const long before = workCounters().painted;
+
+    field.at(0, 0).setEnabledBGColor(Qt::red);
+    field.at(6, 6).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QCOMPARE(nesting.paints, 1);
+    // As without the other viewer, and its own.
+    const long painted = workCounters().painted - before;
+    QVERIFY2(painted >= 5 && painted <= 16, qPrintable(QString::number(painted)));
+}
+
+void tst_View_Damage::figureIsPaintedAgainWhereOnlyItsBorderReaches()
+{
+    OuterBorder border;
+    Field field;
+    QVERIFY(field.isShown);
+    field.at(3, 3).setBorder(&border);
+    field.at(3, 3).repaint();
+    field.settle();
+    const long before = workCounters().painted;
+
+    field.layer.repaint(QRect(144, 130, 2, 2));
+    field.settle();
+
+    // The pane, the layer, and the figure that begins at 150.
+    QCOMPARE(workCounters().painted - before, 3L);
+}
+
+void tst_View_Damage::whatABorderHasLeftIsDamagedOnceMore()
+{
+    OuterBorder border;
+    Field field;
+    QVERIFY(field.isShown);
+    Rectangle &box = field.at(3, 3);
+    box.setBorder(&border);
+    box.repaint();
+    field.settle();
+    PaintRecorder recorder(field.viewer.widget());
+    const auto damagedBy = [&](const QRect &rect) {
+        recorder.regions.clear();
+        box.repaint(rect);
+        field.settle();
+        return recorder.regions.value(0).boundingRect().size();
+    };
+    const QSize more(2 * OuterBorder::width, 2 * OuterBorder::width);
+    box.setBorder(nullptr);
+
+    QCOMPARE(damagedBy(QRect(160, 130, 1, 1)), QSize(1, 1) + more);
+    QCOMPARE(damagedBy(box.getBounds()), QSize(40, 30) + more);
+    QCOMPARE(damagedBy(box.getBounds()), QSize(42, 32));
+}
+
+void tst_View_Damage::gridIsDamagedAsFarAsItBeginsBeforeItsPane()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    field.pane.setFreeformBounds(QRect(88, 79, 100, 80));
+    field.pane.setSnapSize(10);
+    field.pane.setDrawGrid(true);
+    field.settle();
+    const PaintRecorder recorder(field.viewer.widget());
+
+    field.pane.repaint();
+    field.settle();
+
+    // Main lines lie 50 apart: those before the corner at 50, which is 38 away.
+    QCOMPARE(recorder.regions.size(), 1);
+    QCOMPARE(recorder.regions.first().boundingRect().size(), QSize(100 + 2 * 38, 80 + 2 * 38));
 }
 
 void tst_View_Damage::recoloringOneOfManyTurnsToFewFigures()

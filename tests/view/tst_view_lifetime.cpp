@@ -229,6 +229,10 @@ private Q_SLOTS:
     void viewerTakesANewContentAfterTheFormerOneIsGone();
     void viewerTakesANewManagerAfterTheFormerOneIsGone();
     void managerForgetsAViewerThatIsGone();
+    void managerForgetsAViewerBeforeItsWidgetGoes();
+    void whatIsShownGoesWithTheContentAndWithTheManager_data();
+    void whatIsShownGoesWithTheContentAndWithTheManager();
+    void widgetThatWasTakenOutOutlivesItsViewer();
 };
 
 void tst_ViewLifetime::anyPartMayGoFirst()
@@ -403,6 +407,65 @@ void tst_ViewLifetime::managerForgetsAViewerThatIsGone()
     QCOMPARE(manager.getViewer(), nullptr);
     QTest::ignoreMessage(QtWarningMsg, "UpdateManager::addDirtyRegion(): no managed widget");
     manager.addDirtyRegion(QRect(1, 2, 3, 4));
+}
+
+// The base classes of the viewer destroy the widget: nobody may call it by then.
+void tst_ViewLifetime::managerForgetsAViewerBeforeItsWidgetGoes()
+{
+    UpdateManager manager;
+    auto viewer = std::make_unique<FreeformViewer>();
+    viewer->setUpdateManager(&manager);
+    QCOMPARE(manager.getViewer(), static_cast<IFigureViewer *>(viewer.get()));
+    bool isForgotten = false;
+    connect(viewer->widget(), &QObject::destroyed, this,
+            [&] { isForgotten = !manager.getViewer(); });
+
+    viewer.reset();
+
+    QVERIFY(isForgotten);
+}
+
+void tst_ViewLifetime::whatIsShownGoesWithTheContentAndWithTheManager_data()
+{
+    QTest::addColumn<int>("part");
+    QTest::newRow("content") << int(Part::Content);
+    QTest::newRow("manager") << int(Part::Manager);
+}
+
+void tst_ViewLifetime::whatIsShownGoesWithTheContentAndWithTheManager()
+{
+    QFETCH(int, part);
+    Parts parts;
+    QVERIFY(parts.isExposed);
+    const auto color = [&parts] {
+        QCoreApplication::processEvents();
+        const QPixmap screen = parts.viewer->screen()->grabWindow(parts.viewer->winId());
+        return colorAt(screen.toImage(), QPoint(25, 25));
+    };
+    QCOMPARE(color(), QColor(Qt::red));
+
+    parts.destroy(Part(part));
+
+    QVERIFY(color() != QColor(Qt::red));
+}
+
+void tst_ViewLifetime::widgetThatWasTakenOutOutlivesItsViewer()
+{
+    Parts parts;
+    const std::unique_ptr<QWidget> widget(parts.viewer->takeWidget());
+    QVERIFY(widget);
+    parts.destroy(Part::Viewer);
+
+    widget->resize(200, 100);
+    widget->show();
+    QHoverEvent hover(QEvent::HoverMove, QPointF(5, 5), QPointF(5, 5), QPointF(1, 1));
+    QCoreApplication::sendEvent(widget.get(), &hover);
+    settle(widget.get());
+
+    QCOMPARE(qobject_cast<FreeformWidget *>(widget.get())->getContent(), parts.pane);
+    parts.first->setBounds(QRect(1000, 1000, 10, 10));
+    settle(widget.get());
+    QCOMPARE(widget->grab().deviceIndependentSize().toSize(), widget->size());
 }
 
 QTEST_MAIN(tst_ViewLifetime)

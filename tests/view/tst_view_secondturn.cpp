@@ -127,7 +127,10 @@ private Q_SLOTS:
     void figureThatIsValidByThenIsLeftAlone();
     void figureThatIsValidByThenMayStillNeedATurn();
     void figureDestroyedByThenIsForgotten();
+    void figureDestroyedInThePassThatItIsLateForIsForgotten_data();
+    void figureDestroyedInThePassThatItIsLateForIsForgotten();
     void widgetDestroyedByThenDoesNothing();
+    void passWithoutAWidgetValidatesAndNoMore();
     void viewerWithoutUpdateManagerByThenDoesNothing();
     void layoutThatInvalidatesItselfComesToRest();
     void figureThatIsNeverValidHasOneSecondTurnForEachPass();
@@ -266,6 +269,44 @@ void tst_ViewSecondTurn::figureDestroyedByThenIsForgotten()
     QCOMPARE(stage.high.layout.layouts, 0);
 }
 
+void tst_ViewSecondTurn::figureDestroyedInThePassThatItIsLateForIsForgotten_data()
+{
+    QTest::addColumn<bool>("isLayer");
+    QTest::newRow("a layer") << true;
+    QTest::newRow("a figure in the layer that is validated") << false;
+}
+
+void tst_ViewSecondTurn::figureDestroyedInThePassThatItIsLateForIsForgotten()
+{
+    QFETCH(bool, isLayer);
+    Stage stage;
+    QVERIFY(stage.isShown);
+    auto layer = std::make_unique<FreeformLayer>(nullptr);
+    auto late = isLayer ? std::unique_ptr<Figure>() : std::make_unique<Figure>();
+    if (isLayer) {
+        stage.pane.addLayerBeneath(layer.get(), QStringLiteral("late"), &stage.wires);
+        late = std::move(layer);
+    } else {
+        stage.layer.add(late.get(), QRect(0, 100, 20, 20), 0);
+    }
+    settle(&stage.viewer);
+    turnEvents();
+    stage.high.layout.onLayout = [&] {
+        if (!late)
+            return;
+        late->revalidate();
+        late.reset();
+    };
+    stage.high.layout.layouts = 0;
+
+    stage.passOverHigh();
+    turnEvents();
+
+    QVERIFY(!late);
+    QVERIFY(stage.high.layout.layouts > 0);
+    QVERIFY(stage.high.getFlag(Figure::FLAG_VALID));
+}
+
 void tst_ViewSecondTurn::widgetDestroyedByThenDoesNothing()
 {
     Stage stage;
@@ -277,6 +318,25 @@ void tst_ViewSecondTurn::widgetDestroyedByThenDoesNothing()
     delete stage.widget();
     turnEvents();
 
+    QCOMPARE(stage.low.layout.layouts, 0);
+}
+
+void tst_ViewSecondTurn::passWithoutAWidgetValidatesAndNoMore()
+{
+    Stage stage;
+    QVERIFY(stage.isShown);
+    stage.high.layout.onLayout = [&] { stage.low.revalidate(); };
+    settle(&stage.viewer);
+    delete stage.widget();
+    stage.high.layout.layouts = 0;
+    stage.low.layout.layouts = 0;
+
+    stage.high.invalidate();
+    stage.viewer.getUpdateManager()->addInvalidFigure(&stage.high);
+    stage.viewer.getUpdateManager()->performUpdate();
+    turnEvents();
+
+    QCOMPARE(stage.high.layout.layouts, 1);
     QCOMPARE(stage.low.layout.layouts, 0);
 }
 
