@@ -1,5 +1,7 @@
 #pragma once
 
+#include <figura/export.h>
+
 #include <QtGlobal>
 
 #include <utility>
@@ -38,7 +40,9 @@ public:
     }
 
 private:
-    inline static FigureGuard *inmost = nullptr;
+    // Exported, for there must be one only, also for who has this header compiled outside the
+    // library.
+    FIGURA_EXPORT inline static FigureGuard *inmost = nullptr;
 
     Figure *m_figure;
     FigureGuard *const m_outer;
