@@ -1,5 +1,6 @@
 #include <figura/connection/ConnectionAnchorBase.h>
 
+#include "connectionobject_p.h"
 #include "figure/listenerconnections_p.h"
 #include "figure/signals_p.h"
 
@@ -12,7 +13,7 @@ constexpr auto anchorMovedSignature = "anchorMoved(IConnectionAnchor*)";
 
 QObject *asObject(IAnchorListener *listener, const char *operation)
 {
-    auto *object = dynamic_cast<QObject *>(listener);
+    QObject *object = objectOf(listener);
     if (!object) {
         QMessageLogger().warning("ConnectionAnchorBase::%s(): listener not a QObject", operation);
     }

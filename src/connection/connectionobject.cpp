@@ -10,32 +10,37 @@ namespace Velmora::Figura {
 namespace {
 
 // By address: an object of an own class has the library's own table, and so its type information.
-template<class Own, class Interface>
-bool isExactly(Interface *object)
+template<class... Own, class Interface>
+QObject *among(Interface *target)
 {
-    return &typeid(*object) == &typeid(Own);
+    if (!target)
+        return nullptr;
+    QObject *object = nullptr;
+    const std::type_info *type = &typeid(*target);
+    const bool isKnown = ((type == &typeid(Own) && (object = static_cast<Own *>(target))) || ...);
+    return isKnown ? object : dynamic_cast<QObject *>(target);
 }
 
 } // namespace
 
 QObject *objectOf(IConnection *connection)
 {
-    if (!connection)
-        return nullptr;
-    if (isExactly<PolylineConnection>(connection))
-        return static_cast<PolylineConnection *>(connection);
-    if (isExactly<PolylineFConnection>(connection))
-        return static_cast<PolylineFConnection *>(connection);
-    return dynamic_cast<QObject *>(connection);
+    return among<PolylineConnection, PolylineFConnection>(connection);
 }
 
 QObject *objectOf(IConnectionAnchor *anchor)
 {
-    if (!anchor)
-        return nullptr;
-    if (isExactly<ChopboxAnchor>(anchor))
-        return static_cast<ChopboxAnchor *>(anchor);
-    return dynamic_cast<QObject *>(anchor);
+    return among<ChopboxAnchor>(anchor);
+}
+
+QObject *objectOf(IAncestorListener *listener)
+{
+    return among<ChopboxAnchor>(listener);
+}
+
+QObject *objectOf(IAnchorListener *listener)
+{
+    return among<PolylineConnection, PolylineFConnection>(listener);
 }
 
 } // namespace Velmora::Figura

@@ -4,6 +4,8 @@ class QObject;
 
 namespace Velmora::Figura {
 
+class IAncestorListener;
+class IAnchorListener;
 class IConnection;
 class IConnectionAnchor;
 
@@ -12,5 +14,7 @@ class IConnectionAnchor;
 /// of.
 QObject *objectOf(IConnection *connection);
 QObject *objectOf(IConnectionAnchor *anchor);
+QObject *objectOf(IAncestorListener *listener);
+QObject *objectOf(IAnchorListener *listener);
 
 } // namespace Velmora::Figura

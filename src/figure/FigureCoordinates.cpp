@@ -2,6 +2,8 @@
 
 #include <figura/figure/Figure.h>
 
+#include "figureextras_p.h"
+
 #include <figura/figure/Border.h>
 #include <figura/layout/Layout.h>
 

@@ -3,6 +3,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "connection/connectionobject_p.h"
 #include "figureextras_p.h"
 #include "signals_p.h"
 
@@ -21,7 +22,7 @@ AncestorHub *Figure::ancestorHub()
 
 void Figure::addAncestorListener(IAncestorListener *listener)
 {
-    auto *object = dynamic_cast<QObject *>(listener);
+    QObject *object = objectOf(listener);
     if (!object)
         return;
 
@@ -37,7 +38,7 @@ void Figure::addAncestorListener(IAncestorListener *listener)
 
 void Figure::removeAncestorListener(IAncestorListener *listener)
 {
-    auto *object = dynamic_cast<QObject *>(listener);
+    QObject *object = objectOf(listener);
     if (!object)
         return;
 

@@ -2,6 +2,7 @@
 
 #include <figura/figure/Figure.h>
 
+#include "figureextras_p.h"
 #include "figureguard_p.h"
 #include "layout/childtable_p.h"
 

@@ -65,17 +65,6 @@ Layout *Figure::getLayoutManager() const
     return m_extras ? m_extras->layout.data() : nullptr;
 }
 
-// A class of the application may have another layout than it says here.
-bool Figure::isLayoutDue() const
-{
-    return getFlag(FLAG_LAYOUT_ON_DEMAND) && isOwnClass(this);
-}
-
-Layout *Figure::presentLayout() const
-{
-    return isLayoutDue() ? nullptr : getLayoutManager();
-}
-
 void Figure::makeLayout()
 {
     setFlag(FLAG_LAYOUT_ON_DEMAND, false);

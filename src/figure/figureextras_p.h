@@ -2,6 +2,8 @@
 
 #include "ancestorhub_p.h"
 #include "listenerconnections_p.h"
+#include "ownclass_p.h"
+#include "privateflags_p.h"
 
 #include <figura/figure/AncestorHelper.h>
 #include <figura/figure/Border.h>
@@ -46,5 +48,16 @@ struct FigureExtras
     int highlightStyle = IStyleConstants::HIGHLIGHT_RUBBERBAND;
     bool isClientAreaHighlighted = false;
 };
+
+// A class of the application may have another layout than it says here.
+inline bool Figure::isLayoutDue() const
+{
+    return (m_flags & FLAG_LAYOUT_ON_DEMAND) != 0 && isOwnClass(this);
+}
+
+inline Layout *Figure::presentLayout() const
+{
+    return isLayoutDue() ? nullptr : getLayoutManager();
+}
 
 } // namespace Velmora::Figura

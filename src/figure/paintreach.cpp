@@ -1,3 +1,4 @@
+#include "figureextras_p.h"
 #include "paintreach_p.h"
 
 #include "layout/childtable_p.h"

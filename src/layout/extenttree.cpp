@@ -1,7 +1,6 @@
 #include "extenttree_p.h"
 
 #include <bit>
-#include <optional>
 
 namespace Velmora::Figura {
 namespace {
@@ -9,19 +8,24 @@ namespace {
 constexpr int fewLeaves = 4;
 constexpr int childrenOfLeaf = 8;
 
+} // namespace
+
 // Nothing for a child that does not count, or that has to be asked itself.
-std::optional<QRect> knownRect(const ChildRecord *record)
+std::optional<QRect> ExtentTree::knownRect(const ChildRecord *record)
 {
     if (!record || record->dismissed || record->classification == ChildRecord::Class::Foreign ||
         !record->figure->getFlag(Figure::FLAG_VISIBLE))
         return {};
-    const QVariant constraint = record->helper.getConstraint();
-    const int type = constraint.typeId();
-    const bool isRectangle = type == QMetaType::QRect || type == QMetaType::QRectF;
-    return isRectangle ? std::optional(constraint.toRect()) : std::nullopt;
+    const QVariant &constraint = record->helper.m_constraint; // no object when it is a rectangle
+    switch (constraint.typeId()) {
+    case QMetaType::QRect:
+        return *static_cast<const QRect *>(constraint.constData());
+    case QMetaType::QRectF:
+        return constraint.toRect();
+    default:
+        return {};
+    }
 }
-
-} // namespace
 
 bool ExtentTree::update(ChildTable &table)
 {

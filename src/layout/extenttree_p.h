@@ -4,6 +4,7 @@
 
 #include <QRect>
 
+#include <optional>
 #include <vector>
 
 namespace Velmora::Figura {
@@ -24,6 +25,7 @@ public:
     QRect total() const { return m_nodes.empty() ? QRect() : m_nodes[1]; }
 
 private:
+    static std::optional<QRect> knownRect(const ChildRecord *record);
     void rebuild(ChildTable &table);
     void refresh(const ChildTable &table, int slot);
     QRect unionBelow(int node) const;

@@ -50,6 +50,7 @@ public:
         const unsigned int hStretch; ///< Summed by getHTotalStretch().
 
     private:
+        friend class ExtentTree; // reads rectangles without a copy
         friend class Layout;
 
         QObject *object() const; // in the constraint, while it lives
