@@ -167,7 +167,6 @@ void World::settle()
     if (UpdateWatch *manager = updateManager())
         manager->performUpdate();
     stage.settle();
-    stage.takeSecondTurns();
 }
 
 void World::checkAtRest(void (*check)(World &))
