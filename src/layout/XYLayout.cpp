@@ -57,7 +57,10 @@ private:
     {
         ChildRecord *record =
             m_layout && m_child ? ChildTable::of(m_layout).find(m_child) : nullptr;
-        return record ? record->moves = qMax(record->moves + by, 0) : 0;
+        if (!record)
+            return 0;
+        record->moves = static_cast<short>(qMax(record->moves + by, 0));
+        return record->moves;
     }
 
     const QPointer<const Layout> m_layout;

@@ -21,8 +21,8 @@ Arrival *latestArrival = nullptr;
 
 } // namespace
 
-ChildRecord::ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints)
-    : helper(std::move(constraints))
+ChildRecord::ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelper &constraints)
+    : helper(constraints)
     , figure(child)
     , layout(holder)
 {

@@ -27,7 +27,7 @@ struct ChildRecord
 {
     enum class Class : quint8 { Unknown, Own, Foreign };
 
-    ChildRecord(Layout *holder, Figure *child, Layout::LayoutHelper constraints);
+    ChildRecord(Layout *holder, Figure *child, const Layout::LayoutHelper &constraints);
 
     Layout::LayoutHelper helper;
     Figure *const figure;
