@@ -7,7 +7,9 @@
 
 #include <figura/connection/PolylineConnection.h>
 #include <figura/connection/XYAnchor.h>
+#include <figura/decoration/Decoration.h>
 #include <figura/figure/SimpleBorder.h>
+#include <figura/layout/VBoxLayout.h>
 #include <figura/layout/XYLayout.h>
 
 #include <QTest>
@@ -55,6 +57,16 @@ protected:
     {
         painter->fillRect(option.rect, color);
     }
+};
+
+/// Shows only what lies in it.
+class Badge : public Probed<Decoration>
+{
+public:
+    using Probed::Probed;
+
+protected:
+    void regeneratePath(const QRectF & /*rect*/) override {}
 };
 
 /// Is somewhere else whenever it is painted, and invalid again.
@@ -121,6 +133,16 @@ T *addTo(World &world, const QRect &bounds)
     return figure;
 }
 
+// With a column for children.
+Badge *addBadge(World &world)
+{
+    auto *owner = addTo<Probed<Figure>>(world, QRect(100, 10, 10, 10));
+    auto *badge = world.adopt(new Badge(world, owner, nullptr));
+    badge->setLayoutManager(new VBoxLayout(badge));
+    anyLayer(world)->add(badge, QRect(10, 10, 60, 90));
+    return badge;
+}
+
 void leaveParent(World &world)
 {
     auto *figure = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
@@ -153,6 +175,16 @@ void hideFromSearches(World &world)
 void changeColor(World &world)
 {
     auto *figure = addTo<Chameleon>(world, QRect(10, 10, 30, 20));
+    world.settle();
+    figure->color = Qt::blue;
+}
+
+// What lies in it is laid out by its paint, and not excused for that.
+void changeColorInDecoration(World &world)
+{
+    auto *badge = addBadge(world);
+    auto *figure = world.adopt(new Chameleon(world));
+    badge->add(figure, QSize(20, 10));
     world.settle();
     figure->color = Qt::blue;
 }
@@ -197,8 +229,10 @@ private Q_SLOTS:
     void whatWaitsIsNotRunBetweenChecks();
     void destroyedViewerIsMadeAnew();
     void whatMovesWithEveryPaintIsNotCompared();
+    void decorationThatLaysOutWhenItIsPaintedIsNoFlaw();
     void borderThatDiesIsNoFlaw();
     void droppedFigureIsMissedUntilItIsValid();
+    void figureIsNotMissedBeforeTheTurnThatFollowsFromAnother();
     void figureThatIsInvalidOnceMoreWasNotDropped();
     void figuresThatDisturbEachOtherAreLetGoOf();
     void turnToComeIsNotForgottenWhenAPaintIsQuicker();
@@ -231,6 +265,8 @@ void tst_StormChecks::flawIsNoticed_data()
     QTest::newRow("without the viewer's manager") << Spoiler(loseTheManager) << QByteArray("tree");
     QTest::newRow("hidden from searches") << Spoiler(hideFromSearches) << QByteArray("hit test");
     QTest::newRow("painted anew by nobody") << Spoiler(changeColor) << QByteArray("picture");
+    QTest::newRow("painted anew by nobody in a decoration")
+        << Spoiler(changeColorInDecoration) << QByteArray("picture");
     QTest::newRow("lines of a former connection")
         << Spoiler(keepLines) << QByteArray("reservations");
     QTest::newRow("never valid") << Spoiler(stayInvalid) << QByteArray("validity");
@@ -319,6 +355,27 @@ void tst_StormChecks::whatMovesWithEveryPaintIsNotCompared()
     QCOMPARE(fault, QByteArray());
 }
 
+// A child without a size moves the others, and asks for no repaint.
+void tst_StormChecks::decorationThatLaysOutWhenItIsPaintedIsNoFlaw()
+{
+    QByteArray fault;
+    World world(fault);
+    Badge *badge = addBadge(world);
+    badge->getLayoutManager()->setSpacing(8);
+    auto *figure = world.adopt(new Chameleon(world));
+    badge->add(figure, QSize(20, 10));
+    runChecks(world);
+    const QRect before = figure->getBounds();
+
+    badge->add(world.adopt(new Probed<Figure>(world)), QVariant(), 0);
+    world.settle();
+    QCOMPARE(figure->getBounds(), before);
+    world.checkAtRest(checkPicture);
+
+    QVERIFY(figure->getBounds() != before);
+    QCOMPARE(fault, QByteArray());
+}
+
 // As documented: a border tells nobody, so the storm looks at the result of a repaint.
 void tst_StormChecks::borderThatDiesIsNoFlaw()
 {
@@ -360,6 +417,30 @@ void tst_StormChecks::droppedFigureIsMissedUntilItIsValid()
     world.checkAtRest(checkValidity);
 
     QVERIFY2(fault.startsWith("validity: "), fault.constData());
+}
+
+// It is dropped in the second turn of one that was dropped itself.
+void tst_StormChecks::figureIsNotMissedBeforeTheTurnThatFollowsFromAnother()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    auto *relay = world.adopt(new Probed<Figure>(world));
+    auto *meddler = addTo<Probed<Figure>>(world, QRect(60, 10, 30, 20));
+    world.content()->childFigures().last()->add(relay, QRect(60, 40, 30, 20));
+    relay->setLayoutManager(new MeddlingLayout(relay, victim));
+    meddler->setLayoutManager(new MeddlingLayout(meddler, relay));
+    world.settle();
+    meddler->revalidate();
+    world.updateManager()->performUpdate();
+    QVERIFY(!relay->getFlag(Figure::FLAG_VALID));
+
+    world.stage.takeSecondTurns();
+    world.checkAtRest(checkValidity);
+
+    QCOMPARE(fault, QByteArray());
+    QVERIFY(relay->getFlag(Figure::FLAG_VALID));
+    QVERIFY(victim->getFlag(Figure::FLAG_VALID));
 }
 
 void tst_StormChecks::figureThatIsInvalidOnceMoreWasNotDropped()

@@ -12,6 +12,7 @@ namespace {
 
 constexpr QSize windowSize(200, 150);
 constexpr int settlingTurns = 4;
+constexpr int mostSecondTurns = 100; // each figure has one, and no world has as many
 constexpr qsizetype rememberedPaints = 60;
 
 /// Tells when it is being resized, which may happen in many an operation.
@@ -92,12 +93,17 @@ void Stage::askForFullRepaint()
         m_viewer->update();
 }
 
-// What is painted for ever never lets everybody have it.
+// What is painted for ever never lets everybody have it. Who is dropped in the turn of others has
+// one after that, which Qt leaves for the next call.
 void Stage::takeSecondTurns()
 {
     const QScopedValueRollback<bool> settling(m_settling, true);
-    if (widget())
-        QCoreApplication::sendPostedEvents(widget(), QEvent::MetaCall);
+    m_tookTurn = true;
+    for (int turn = 0; m_tookTurn && turn < mostSecondTurns; ++turn) {
+        m_tookTurn = false;
+        if (widget())
+            QCoreApplication::sendPostedEvents(widget(), QEvent::MetaCall);
+    }
 }
 
 bool Stage::isPainting() const
@@ -167,6 +173,7 @@ bool Stage::eventFilter(QObject *watched, QEvent *event)
     // The only call that the widget ever puts off.
     if (event->type() == QEvent::MetaCall && watched == widget()) {
         const QScopedValueRollback<bool> secondTurn(m_secondTurn, true);
+        m_tookTurn = true;
         return watched->event(event);
     }
     return false;

@@ -28,7 +28,8 @@ public:
     void settle(); ///< Handles what is pending, painting included, until all is quiet.
     void askForFullRepaint();
 
-    void takeSecondTurns(); ///< Those that are to come, without painting what comes of them.
+    /// Those that are to come and those that follow from them, without painting what comes of them.
+    void takeSecondTurns();
 
     bool isPainting() const;
     bool isSecondTurn() const { return m_secondTurn && !isPainting(); }
@@ -60,6 +61,7 @@ private:
     bool m_settling = false;
     bool m_resizing = false;
     bool m_secondTurn = false; // the widget has those validated that a pass has dropped
+    bool m_tookTurn = false;   // since somebody asked last
     bool m_recording = true;   // what is painted to judge the screen does not count
 };
 

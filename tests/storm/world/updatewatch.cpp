@@ -15,6 +15,13 @@ bool isValid(const Figure *figure)
     return figure->getFlag(Figure::FLAG_VALID);
 }
 
+bool isWithinDecoration(const Figure *figure)
+{
+    while (figure && !qobject_cast<const Decoration *>(figure))
+        figure = figure->getParentFigure();
+    return figure;
+}
+
 // A decoration follows its locator at each pass and never becomes valid, on purpose.
 bool becomesValid(const Figure *figure)
 {
@@ -27,9 +34,16 @@ UpdateWatch::UpdateWatch(World &world)
     : m_world(world)
 {
     connect(this, &UpdateManager::aboutToValidate, this, [this]() {
-        ++m_passes;
+        ++m_changes;
         m_world.happens(Moment::Validate);
     });
+}
+
+void UpdateWatch::addDirtyRegion(Figure *figure, const QRect &rect)
+{
+    if (m_world.stage.isPainting() && isWithinDecoration(figure))
+        ++m_changes;
+    UpdateManager::addDirtyRegion(figure, rect);
 }
 
 void UpdateWatch::addInvalidFigure(Figure *figure)

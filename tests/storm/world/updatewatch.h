@@ -16,10 +16,14 @@ class UpdateWatch : public UpdateManager
 public:
     explicit UpdateWatch(World &world);
 
+    using UpdateManager::addDirtyRegion;
+    void addDirtyRegion(Figure *figure, const QRect &rect) override;
     void addInvalidFigure(Figure *figure) override;
     void performUpdate() override;
 
-    int passes() const { return m_passes; } ///< Those that had something to validate.
+    /// How often a paint may have changed what it was to show: by a pass that had something to
+    /// validate, or in a decoration, which lays out what it holds only then.
+    int changes() const { return m_changes; }
 
     bool isPending() const; ///< There is something to validate.
 
@@ -40,7 +44,7 @@ private:
 
     World &m_world;
     bool m_validating = false;
-    int m_passes = 0;
+    int m_changes = 0;
     QList<QPointer<Figure>> m_queued;
     QList<Promise> m_promises;
     QList<QPointer<Figure>> m_late; // queued while the pass was under way

@@ -17,17 +17,17 @@ struct Pictures
     QImage full;
 };
 
-// A full repaint that has something to validate shows what comes after the screen. A connection
-// that is anchored to its own label, say, and places it, moves with every paint, for ever: then
-// there is nothing to compare.
+// A full repaint that has something to validate shows what comes after the screen, and so does one
+// that lays out what a decoration holds. A connection that is anchored to its own label, say, and
+// places it, moves with every paint, for ever: then there is nothing to compare.
 std::optional<Pictures> takePictures(World &world)
 {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const QImage screen = world.stage.screen();
         const UpdateWatch *manager = world.updateManager();
-        const int passes = manager ? manager->passes() : 0;
+        const int changes = manager ? manager->changes() : 0;
         const QImage full = world.stage.full();
-        if (!manager || manager->passes() == passes)
+        if (!manager || manager->changes() == changes)
             return Pictures{screen, full};
         world.settle();
     }
