@@ -40,7 +40,7 @@ public:
         /// The record of a child that was just added.
         LayoutHelper(const QVariant &constraint, unsigned int verticalStretch,
                      unsigned int horizontalStretch);
-        LayoutHelper(const LayoutHelper &other);
+        LayoutHelper(const LayoutHelper &other); ///< Watches the same object.
         ~LayoutHelper();
 
         QVariant getConstraint() const; ///< Invalid once the object that it holds is destroyed.
