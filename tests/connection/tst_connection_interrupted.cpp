@@ -182,6 +182,8 @@ void addVictimRows()
 
 } // namespace
 
+Q_DECLARE_METATYPE(WireOperation)
+
 class tst_ConnectionInterrupted : public QObject
 {
     Q_OBJECT
@@ -524,8 +526,6 @@ void tst_ConnectionInterrupted::tipMayGoWhileItIsPlaced()
 
     QVERIFY(!tip);
 }
-
-Q_DECLARE_METATYPE(WireOperation)
 
 QTEST_MAIN(tst_ConnectionInterrupted)
 #include "tst_connection_interrupted.moc"

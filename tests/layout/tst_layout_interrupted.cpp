@@ -162,6 +162,9 @@ public:
 
 } // namespace
 
+Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(Maker)
+
 class tst_LayoutInterrupted : public QObject
 {
     Q_OBJECT
@@ -597,9 +600,6 @@ void tst_LayoutInterrupted::layoutOfAContainerThatGoesWhenItIsAskedForItsAreaFai
 
     QVERIFY(!container);
 }
-
-Q_DECLARE_METATYPE(Operation)
-Q_DECLARE_METATYPE(Maker)
 
 QTEST_MAIN(tst_LayoutInterrupted)
 #include "tst_layout_interrupted.moc"

@@ -170,6 +170,8 @@ private:
 
 } // namespace
 
+Q_DECLARE_METATYPE(Preparation)
+
 class tst_Shape_Shortcuts : public QObject
 {
     Q_OBJECT
@@ -614,8 +616,6 @@ void tst_Shape_Shortcuts::shapeWithoutChildrenIsHighlighted()
 
     QVERIFY(picture(rectangle, {}, {}, false) != before);
 }
-
-Q_DECLARE_METATYPE(Preparation)
 
 QTEST_MAIN(tst_Shape_Shortcuts)
 #include "tst_shape_shortcuts.moc"

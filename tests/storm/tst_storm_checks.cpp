@@ -12,6 +12,7 @@
 #include <figura/layout/VBoxLayout.h>
 #include <figura/layout/XYLayout.h>
 
+#include <QPainter>
 #include <QTest>
 
 using namespace Velmora::Figura;
