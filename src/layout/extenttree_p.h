@@ -13,7 +13,7 @@ namespace Velmora::Figura {
 ///
 /// A tree of unions over the slots of the children: when one child changes, one branch is united
 /// anew, wherever the child was; also when it held an edge of the whole. A leaf stands for a few
-/// children in a row, which are asked again together: the tree would take four times the room
+/// children in a row, which are asked again together: the tree would take eight times the room
 /// otherwise.
 class ExtentTree
 {

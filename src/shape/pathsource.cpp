@@ -16,6 +16,12 @@ namespace {
 // From this resolution on a device counts as a printer, where lines keep their size in units.
 constexpr int PRINTER_DPI = 150;
 
+// And as small as the numbers of a QRect.
+bool isWhole(double value)
+{
+    return std::abs(value) < (1 << 30) && value == std::floor(value);
+}
+
 bool isOpaque(const QColor &color)
 {
     return color.alpha() == 255;
@@ -166,16 +172,6 @@ bool RectangleSource<Rect>::fill(const PixelFill &pixels, const QPointF &offset,
     const QRectF moved = rect().translated(offset);
     return fill ? pixels.fillRectangle(moved, line, *fill) : pixels.fillFrame(moved, line);
 }
-
-namespace {
-
-// And as small as the numbers of a QRect.
-bool isWhole(double value)
-{
-    return std::abs(value) < (1 << 30) && value == std::floor(value);
-}
-
-} // namespace
 
 std::unique_ptr<PathSource> makeRectangleSource(const QRectF &rect)
 {
