@@ -240,6 +240,9 @@ private Q_SLOTS:
     void figureThatNeededNoTurnIsMissedWhenItIsDroppedAgain();
     void figureWhoseTurnNeverCameIsMissed();
     void figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn();
+    void figureWhosePassIsStillToComeIsNotDropped();
+    void figureQueuedInASlotBeforeThePassIsNotDropped();
+    void figureThatIsBeingRemovedNeedNotBecomeValid();
     void formerContentMayStayAttached();
     void childrenThatComeWhileALayoutIsChangedStayBehind();
     void childrenOfADestroyedLayoutMayStayAttached();
@@ -545,6 +548,74 @@ void tst_StormChecks::figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn()
     ledger.record({&figure});
 
     QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
+}
+
+// Puts a layout below one layer that disturbs a figure in the other.
+Figure *addMeddler(World &world)
+{
+    auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
+    auto *meddler = world.adopt(new Probed<Figure>(world));
+    meddler->setLayoutManager(new MeddlingLayout(meddler, victim));
+    world.content()->childFigures().last()->add(meddler, QRect(60, 10, 30, 20));
+    world.settle();
+    world.drops.grantTurns(); // what it has done meanwhile does not count
+    return meddler;
+}
+
+// Whether the ledger excuses \a figure when it is dropped now, as one that has had its turn.
+bool isLetGo(World &world, Figure *figure)
+{
+    world.drops.takeTurns();
+    figure->invalidate();
+    world.drops.record({figure});
+    return !world.drops.leftInvalid(world.updateManager()).contains(figure);
+}
+
+// It is in time, although it was called for while the pass was under way.
+void tst_StormChecks::figureWhosePassIsStillToComeIsNotDropped()
+{
+    QByteArray fault;
+    World world(fault);
+    Figure *meddler = addMeddler(world);
+    meddler->revalidate();
+    anyLayer(world)->revalidate();
+    world.content()->invalidate(); // so that nothing is valid up to the root
+
+    world.updateManager()->performUpdate();
+
+    QVERIFY(anyLayer(world)->getFlag(Figure::FLAG_VALID));
+    QVERIFY(!isLetGo(world, anyLayer(world)));
+}
+
+void tst_StormChecks::figureQueuedInASlotBeforeThePassIsNotDropped()
+{
+    QByteArray fault;
+    World world(fault);
+    Figure *meddler = addMeddler(world);
+    meddler->revalidate();
+    world.content()->invalidate();
+    world.catchNext(Moment::Validate);
+    world.perform(Operation{codeOf("addShape"), {0}}); // into the other layer
+
+    world.updateManager()->performUpdate();
+
+    QCOMPARE(anyLayer(world)->childFigureCount(), 2);
+    QVERIFY(anyLayer(world)->getFlag(Figure::FLAG_VALID));
+    QVERIFY(!isLetGo(world, anyLayer(world)));
+}
+
+// It is listed until all are told, and one of those asks for an update.
+void tst_StormChecks::figureThatIsBeingRemovedNeedNotBecomeValid()
+{
+    QByteArray fault;
+    World world(fault);
+    auto *figure = addTo<LazyFigure>(world, QRect(10, 10, 30, 20));
+    connect(figure, &Figure::propertyChanged, world.updateManager(), &UpdateManager::performUpdate);
+
+    anyLayer(world)->remove(figure);
+
+    QVERIFY(!figure->getFlag(Figure::FLAG_VALID));
+    QCOMPARE(fault, QByteArray());
 }
 
 // As documented: a viewer that goes tells nobody.

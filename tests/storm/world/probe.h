@@ -2,6 +2,8 @@
 
 #include "world.h"
 
+#include <QScopedValueRollback>
+
 namespace Velmora::Figura::Storm {
 
 /// Told apart from the parts that the library makes for itself.
@@ -29,6 +31,13 @@ public:
     {
         m_world.noteInvalidated(this);
         Base::invalidate();
+    }
+
+    void validate() override
+    {
+        m_world.noteValidating(this);
+        const QScopedValueRollback<int> within(m_world.validations, m_world.validations + 1);
+        Base::validate();
     }
 
 protected:

@@ -34,8 +34,11 @@ UpdateWatch::UpdateWatch(World &world)
     : m_world(world)
 {
     connect(this, &UpdateManager::aboutToValidate, this, [this]() {
+        const QPointer<UpdateWatch> self(this);
         ++m_changes;
         m_world.happens(Moment::Validate);
+        if (self)
+            beginPass();
     });
 }
 
@@ -49,8 +52,31 @@ void UpdateWatch::addDirtyRegion(Figure *figure, const QRect &rect)
 void UpdateWatch::addInvalidFigure(Figure *figure)
 {
     if (figure)
-        (m_validating ? m_late : m_queued).append(figure);
+        queue(figure);
     UpdateManager::addInvalidFigure(figure);
+}
+
+// Whoever is still to come in the pass is in time.
+void UpdateWatch::queue(Figure *figure)
+{
+    if (!m_queued.contains(figure))
+        m_queued.append(figure);
+    if (m_passing && !m_coming.contains(figure))
+        m_late.append(figure);
+}
+
+void UpdateWatch::beginPass()
+{
+    m_passing = true;
+    m_coming = m_queued;
+    m_validations = m_world.validations;
+}
+
+// Only the pass itself takes figures from the queue; others are validated on the way.
+void UpdateWatch::noteValidating(Figure *figure)
+{
+    if (m_passing && m_validations == m_world.validations)
+        m_coming.remove(0, m_coming.indexOf(figure) + 1);
 }
 
 void UpdateWatch::noteInvalidated(Figure *figure)
@@ -63,8 +89,8 @@ void UpdateWatch::noteInvalidated(Figure *figure)
 void UpdateWatch::performUpdate()
 {
     const QPointer<UpdateWatch> self(this);
-    if (m_validating || !getViewer()) { // an update in an update, set off by a slot
-        UpdateManager::performUpdate();
+    if (m_validating || !getViewer()) {
+        performNestedUpdate();
         return;
     }
 
@@ -72,7 +98,7 @@ void UpdateWatch::performUpdate()
         m_world.drops.takeTurns();
     else if (isPending())
         m_world.drops.grantTurns();
-    for (const QPointer<Figure> &figure : std::exchange(m_queued, {})) {
+    for (const QPointer<Figure> &figure : std::as_const(m_queued)) {
         if (figure)
             promise(figure);
     }
@@ -81,11 +107,27 @@ void UpdateWatch::performUpdate()
     if (!self)
         return;
     m_validating = false;
+    m_passing = false;
+    m_queued.clear();
     reportBroken();
     m_world.drops.record(std::exchange(m_late, {}));
 }
 
-// Validation goes down as far as figures are invalid.
+// An update in an update, set off by a slot, leaves nothing for the outer one.
+void UpdateWatch::performNestedUpdate()
+{
+    const QPointer<UpdateWatch> self(this);
+    const bool wasPassing = m_passing;
+    UpdateManager::performUpdate();
+    if (!self || !getViewer())
+        return;
+    m_passing = wasPassing;
+    m_queued.clear();
+    m_coming.clear();
+}
+
+// Validation goes down as far as figures are invalid, but not to one that is just being removed: it
+// is listed until all are told.
 void UpdateWatch::promise(Figure *figure)
 {
     if (isValid(figure) || !becomesValid(figure))
@@ -93,8 +135,10 @@ void UpdateWatch::promise(Figure *figure)
     Figure *parent = figure->getParentFigure();
     m_promises.append(Promise{figure, parent, parent != nullptr});
     const QList<Figure *> children = figure->childFigures();
-    for (Figure *child : children)
-        promise(child);
+    for (Figure *child : children) {
+        if (child->getParentFigure() == figure)
+            promise(child);
+    }
 }
 
 // What was invalidated again, moved elsewhere or lost its layout, is nobody's fault; nor is what

@@ -28,6 +28,7 @@ public:
     bool isPending() const; ///< There is something to validate.
 
     void noteInvalidated(Figure *figure); ///< Called by the figures.
+    void noteValidating(Figure *figure);  ///< The same, before they do it.
 
 private:
     /// A figure that the pass has to validate, and whose child it was when the pass began.
@@ -38,16 +39,22 @@ private:
         bool hasParent;
     };
 
+    void queue(Figure *figure);
+    void beginPass();
+    void performNestedUpdate();
     void promise(Figure *figure);
     bool isBroken(const Promise &promise) const;
     void reportBroken();
 
     World &m_world;
     bool m_validating = false;
+    bool m_passing = false; // those that are still to come are known
+    int m_validations = 0;  // that were under way when the pass began
     int m_changes = 0;
     QList<QPointer<Figure>> m_queued;
+    QList<QPointer<Figure>> m_coming; // whose turn in the pass is still to come
     QList<Promise> m_promises;
-    QList<QPointer<Figure>> m_late; // queued while the pass was under way
+    QList<QPointer<Figure>> m_late; // queued when their turn was over
     QSet<Figure *> m_invalidated;   // while the pass was under way
 };
 

@@ -278,6 +278,12 @@ void World::noteInvalidated(Figure *figure)
         manager->noteInvalidated(figure);
 }
 
+void World::noteValidating(Figure *figure)
+{
+    if (UpdateWatch *manager = updateManager())
+        manager->noteValidating(figure);
+}
+
 void World::noteForgotten(const QList<Figure *> &children)
 {
     for (Figure *child : children)

@@ -76,6 +76,8 @@ public:
     void recover(); ///< Makes what is needed to go on and was destroyed.
 
     void noteInvalidated(Figure *figure);
+    void noteValidating(Figure *figure);
+    int validations = 0; ///< How many are under way, one within the other.
 
     /// Children whose layout was taken from under them: they keep their parent, which has forgotten
     /// them.
