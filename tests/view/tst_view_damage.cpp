@@ -6,6 +6,7 @@
 #include <figura/view/FreeformLayer.h>
 #include <figura/view/FreeformLayeredPane.h>
 #include <figura/view/FreeformViewer.h>
+#include <figura/view/UpdateManager.h>
 
 #include <QPainter>
 #include <QPaintEvent>
@@ -138,6 +139,8 @@ private Q_SLOTS:
     void fewChangesArePaintedEachByItself();
     void manyChangesArePaintedAsOneRectangle_data();
     void manyChangesArePaintedAsOneRectangle();
+    void changeByTheUpdateOfAPaintIsPaintedOnlyOnce_data();
+    void changeByTheUpdateOfAPaintIsPaintedOnlyOnce();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
     void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
     void figureIsPaintedAgainWhereOnlyItsBorderReaches();
@@ -199,6 +202,32 @@ void tst_View_Damage::manyChangesArePaintedAsOneRectangle()
 
     QCOMPARE(recorder.regions.size(), 1);
     QTEST(recorder.regions.first().rectCount(), "rects");
+}
+
+void tst_View_Damage::changeByTheUpdateOfAPaintIsPaintedOnlyOnce_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("paints");
+    QTest::newRow("where the paint is still to come") << 0 << 1;
+    QTest::newRow("where it does not come") << 5 << 2;
+}
+
+void tst_View_Damage::changeByTheUpdateOfAPaintIsPaintedOnlyOnce()
+{
+    QFETCH(int, column);
+    Field field;
+    QVERIFY(field.isShown);
+    connect(
+        field.viewer.getUpdateManager(), &UpdateManager::aboutToValidate, this,
+        [&]() { field.at(column, 0).setEnabledBGColor(Qt::red); }, Qt::SingleShotConnection);
+    const PaintRecorder recorder(field.viewer.widget());
+
+    field.at(0, 0).revalidate();
+    field.at(0, 0).repaint();
+    field.settle();
+
+    QTEST(int(recorder.regions.size()), "paints");
+    QCOMPARE(field.onScreen(), field.repainted());
 }
 
 void tst_View_Damage::whatLiesBetweenTwoFarChangesIsNotPainted()
