@@ -6,8 +6,10 @@
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/Rectangle.h>
 
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPicture>
 #include <QRandomGenerator>
 #include <QStyleOptionViewItem>
@@ -196,6 +198,7 @@ private Q_SLOTS:
     void partsOfPixelsSeeThePath_data();
     void partsOfPixelsSeeThePath();
     void vectorDevicesSeeThePath();
+    void linesOnPaperAreStroked();
     void pathIsTheOneThatWasDue();
     void pathThatWasChangedIsMadeOfTheSamePointsAgain();
     void borderIsHandedTheRectangleOfItsShape();
@@ -519,6 +522,29 @@ void tst_Shape_Shortcuts::vectorDevicesSeeThePath()
     PathRectangle drawn(nullptr);
 
     QCOMPARE(played(&direct), played(&drawn));
+}
+
+// A line on paper has a width; what fills pixels of the screen would be another one.
+void tst_Shape_Shortcuts::linesOnPaperAreStroked()
+{
+    Rectangle rectangle(nullptr);
+    dress(rectangle, {QRect(10, 10, 30, 20), Qt::red, Qt::blue, true, 1, Qt::SolidLine});
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QPainter painter(&writer);
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 100, 100);
+
+    rectangle.render(&painter, option);
+    painter.end();
+
+    // The first page: behind the word and a line feed, packed. B* fills and strokes.
+    const qsizetype begin = buffer.data().indexOf("stream") + 7;
+    const QByteArray packed = buffer.data().mid(begin, buffer.data().indexOf("endstream") - begin);
+    const QByteArray page = qUncompress(QByteArray("\0\0\x10\0", 4) + packed);
+    QVERIFY(!page.isEmpty());
+    QVERIFY2(page.contains("\nB*\n"), page.constData());
 }
 
 void tst_Shape_Shortcuts::pathIsTheOneThatWasDue()
