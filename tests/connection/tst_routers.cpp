@@ -55,6 +55,31 @@ public:
     }
 };
 
+// Not a QObject, so that nobody can tell when it goes.
+class BareAnchor : public IConnectionAnchor
+{
+public:
+    void addAnchorListener(IAnchorListener *) override {}
+    QPoint getLocation(const QPoint &reference) override { return reference + QPoint(5, 6); }
+    Figure *getOwner() const override { return nullptr; }
+    QPoint getReferencePoint() override { return {}; }
+    void removeAnchorListener(IAnchorListener *) override {}
+};
+
+class BareConnection : public PolylineConnection
+{
+public:
+    BareConnection()
+        : PolylineConnection(nullptr)
+    {
+    }
+
+    IConnectionAnchor *getSourceAnchor() const override { return &m_source; }
+
+private:
+    mutable BareAnchor m_source;
+};
+
 } // namespace
 
 class tst_Routers : public QObject
@@ -74,6 +99,7 @@ private Q_SLOTS:
     void shortFloatingRouteIsRefusedInTheSameWords();
     void startLooksAtTheReferencePointOfTheTarget();
     void endLooksAtTheReferencePointOfTheSource();
+    void anchorThatCannotBeWatchedIsAsked();
     void endPointsAreAtTheOriginWithoutAnAnchor();
     void endPointsAreAtTheOriginWithoutAConnection();
     void endPointsAreAbsolute();
@@ -193,6 +219,15 @@ void tst_Routers::endLooksAtTheReferencePointOfTheSource()
 
     QCOMPARE(target.references, Points({{1, 2}}));
     QCOMPARE(source.references, Points());
+}
+
+void tst_Routers::anchorThatCannotBeWatchedIsAsked()
+{
+    XYAnchor target(QPoint(30, 40));
+    BareConnection connection;
+    connection.setTargetAnchor(&target);
+
+    QCOMPARE(OpenRouter(nullptr).getStartPoint(&connection), QPoint(35, 46));
 }
 
 void tst_Routers::endPointsAreAtTheOriginWithoutAnAnchor()

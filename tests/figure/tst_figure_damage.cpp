@@ -351,6 +351,11 @@ void tst_Figure_Damage::coloursAndHighlightDamageTheWholeFigure()
     QVERIFY(covers(tree.viewer.updatedRects, QRect(110, 220, 30, 40)));
 
     tree.viewer.updatedRects.clear();
+    tree.child.highlightClientArea(false); // as it is anyway
+    QVERIFY(!tree.child.isClientAreaHighlighted());
+    QVERIFY(covers(tree.viewer.updatedRects, QRect(110, 220, 30, 40)));
+
+    tree.viewer.updatedRects.clear();
     tree.child.highlightClientArea(true);
     QVERIFY(covers(tree.viewer.updatedRects, QRect(110, 220, 30, 40)));
 

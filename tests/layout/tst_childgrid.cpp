@@ -3,6 +3,8 @@
 #include <figura/figure/ExclusionSearch.h>
 #include <figura/figure/Figure.h>
 #include <figura/layout/FreeformLayout.h>
+#include <figura/layout/XYLayout.h>
+#include <figura/shape/Polygon.h>
 
 #include <QTest>
 
@@ -58,6 +60,13 @@ public:
         return {workCounters().visited - before.visited, workCounters().compared - before.compared};
     }
 
+    /// Takes \a figure over, with the bounds that it has.
+    void adopt(Figure *figure)
+    {
+        m_figures.emplace_back(figure);
+        m_layout.add(figure);
+    }
+
     void remove(Figure *figure) { m_layout.remove(figure); }
 
 private:
@@ -90,6 +99,8 @@ private Q_SLOTS:
     void childOfAnySizeIsFoundAtItsEdges_data();
     void childOfAnySizeIsFoundAtItsEdges();
     void childWithoutValidBoundsIsTurnedToInEverySearch();
+    void polygonIsTurnedToInEverySearchOnlyForItsChildren_data();
+    void polygonIsTurnedToInEverySearchOnlyForItsChildren();
 };
 
 void tst_ChildGrid::searchLooksAtFourCellsOfTheSizeOfTheChildren_data()
@@ -225,6 +236,31 @@ void tst_ChildGrid::childWithoutValidBoundsIsTurnedToInEverySearch()
 
     QCOMPARE(effort.compared, 4L);
     QCOMPARE(effort.visited, 1L + 1L + 1L);
+}
+
+void tst_ChildGrid::polygonIsTurnedToInEverySearchOnlyForItsChildren_data()
+{
+    QTest::addColumn<bool>("hasLayout");
+    QTest::newRow("without a layout") << false;
+    QTest::newRow("with a layout") << true;
+}
+
+// They may lie outside, and a point in one of them is in the polygon.
+void tst_ChildGrid::polygonIsTurnedToInEverySearchOnlyForItsChildren()
+{
+    QFETCH(bool, hasLayout);
+    Crowd crowd;
+    crowd.addField(100, 128);
+    auto *polygon = new Polygon(nullptr);
+    polygon->setLinePoints({QPoint(9000, 9000), QPoint(9050, 9000), QPoint(9000, 9050)});
+    if (hasLayout)
+        polygon->setLayoutManager(new XYLayout(polygon));
+    polygon->rebuildPath();
+    crowd.adopt(polygon);
+
+    const Effort effort = crowd.effort(pixel(1290, 2570));
+
+    QCOMPARE(effort.visited, 1L + 1L + (hasLayout ? 1L : 0L));
 }
 
 QTEST_MAIN(tst_ChildGrid)

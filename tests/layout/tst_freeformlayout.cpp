@@ -99,6 +99,8 @@ private Q_SLOTS:
     void removingBeforeTheFirstExtentComputesIt();
     void removingAStrangerDoesNotExamine();
     void destroyedChildCountsNoMore();
+    void childThatComesAndGoesLeavesNoTrace_data();
+    void childThatComesAndGoesLeavesNoTrace();
 
     void extentFollowsAMovedChild_data() { addBothForms(); }
     void extentFollowsAMovedChild();
@@ -546,6 +548,36 @@ void tst_FreeformLayout::destroyedChildCountsNoMore()
     destroyed.reset();
 
     QCOMPARE(scene.layout.getFreeformExtent(), QRect(10, 10, 10, 10));
+}
+
+void tst_FreeformLayout::childThatComesAndGoesLeavesNoTrace_data()
+{
+    QTest::addColumn<int>("count");
+    for (int count = 1; count <= 65; ++count)
+        QTest::addRow("after %d others", count) << count;
+}
+
+// Nobody looks at the extent meanwhile.
+void tst_FreeformLayout::childThatComesAndGoesLeavesNoTrace()
+{
+    QFETCH(int, count);
+    Figure container;
+    FreeformLayout layout; // itself, which takes shortcuts
+    container.setLayoutManager(&layout);
+    std::vector<std::unique_ptr<Figure>> others;
+    for (int i = 0; i < count; ++i) {
+        others.push_back(std::make_unique<Figure>());
+        layout.add(others.back().get(), QRect(10 * i, 10, 10, 10));
+    }
+    const QRect extent(0, 10, 10 * count, 10);
+    QCOMPARE(layout.getFreeformExtent(), extent);
+
+    auto passing = std::make_unique<Figure>();
+    layout.add(passing.get(), QRect(0, 0, 2000, 2000));
+    passing.reset();
+    layout.examineExtent();
+
+    QCOMPARE(layout.getFreeformExtent(), extent);
 }
 
 void tst_FreeformLayout::extentFollowsAMovedChild()

@@ -171,6 +171,7 @@ private Q_SLOTS:
     void countFollowsTheList();
     void strangersHaveNeitherRecordNorConstraint();
     void helperTakesVerticalBeforeHorizontalStretch();
+    void copiedHelperKnowsTheObjectOfItsConstraint();
     void stretchTotalsCountVisibleChildrenOnly();
     void stretchTotalsWithoutChildrenAreZero();
     void destructorLeavesChildrenAndContainerAlive();
@@ -657,6 +658,18 @@ void tst_LayoutChildren::helperTakesVerticalBeforeHorizontalStretch()
     QCOMPARE(helper.getConstraint(), QVariant(QRect(1, 2, 3, 4)));
     QCOMPARE(helper.vStretch, 5u);
     QCOMPARE(helper.hStretch, 6u);
+}
+
+void tst_LayoutChildren::copiedHelperKnowsTheObjectOfItsConstraint()
+{
+    auto object = std::make_unique<QObject>();
+    const Layout::LayoutHelper helper(QVariant::fromValue(object.get()), 0, 0);
+    const Layout::LayoutHelper copy(helper); // NOLINT(performance-unnecessary-copy-initialization)
+    QCOMPARE(copy.getConstraint().value<QObject *>(), object.get());
+
+    object.reset();
+
+    QVERIFY(!copy.getConstraint().value<QObject *>());
 }
 
 void tst_LayoutChildren::stretchTotalsCountVisibleChildrenOnly()

@@ -1,6 +1,7 @@
 #include <figura/connection/ChopboxAnchor.h>
 #include <figura/connection/PolylineConnection.h>
 #include <figura/layout/FreeformLayout.h>
+#include <figura/layout/XYLayout.h>
 #include <figura/shape/Ellipse.h>
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
@@ -96,6 +97,29 @@ public:
     std::vector<std::unique_ptr<QObject>> others;
     FreeformLayout *used = nullptr;
     std::unique_ptr<QSignalSpy> extents;
+};
+
+/// Calls for the validation of all other children of a layer while it arranges its own.
+class DisturbingLayout : public XYLayout
+{
+public:
+    explicit DisturbingLayout(const World &world)
+        : m_world(world)
+    {
+    }
+
+protected:
+    bool performLayout(const QRect &clientArea) override
+    {
+        for (const std::unique_ptr<Figure> &figure : m_world.figures) {
+            if (figure && figure.get() != getFigure())
+                figure->revalidate();
+        }
+        return XYLayout::performLayout(clientArea);
+    }
+
+private:
+    const World &m_world;
 };
 
 QRect randomRect(QRandomGenerator &random)
@@ -242,6 +266,7 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
     void shortcutsComeToTheSameAsAskingEveryChild_data();
     void shortcutsComeToTheSameAsAskingEveryChild();
+    void crowdThatIsDisturbedByItsFirstChildIsValidatedAsWell();
 
 private:
     static void compare(World &quick, World &plain, QRandomGenerator &random);
@@ -293,6 +318,29 @@ void tst_Layout_Shortcuts::compare(World &quick, World &plain, QRandomGenerator 
     }
     const QRect clip = randomRect(random);
     QCOMPARE(pictureOf(quick, clip), pictureOf(plain, clip));
+}
+
+// More than the layout keeps apart, and with gaps where children were.
+void tst_Layout_Shortcuts::crowdThatIsDisturbedByItsFirstChildIsValidatedAsWell()
+{
+    World world(nullptr);
+    DisturbingLayout layout(world);
+    for (int i = 0; i < 300; ++i) {
+        world.figures.push_back(std::make_unique<Figure>(nullptr, Qt::blue));
+        world.layer.add(world.figures.back().get(), QRect(i % 20 * 20, i / 20 * 20, 15, 15));
+    }
+    Figure &first = *world.figures.front();
+    first.setLayoutManager(&layout);
+    world.settle();
+    for (const int gone : {20, 21, 200})
+        world.figures[gone].reset();
+    world.settle();
+
+    first.revalidate();
+    world.settle();
+
+    for (const std::unique_ptr<Figure> &figure : world.figures)
+        QVERIFY(!figure || figure->getFlag(Figure::FLAG_VALID));
 }
 
 QTEST_MAIN(tst_Layout_Shortcuts)

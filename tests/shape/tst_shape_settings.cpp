@@ -107,6 +107,8 @@ void tst_ShapeSettings::coloursAreInvalidAtFirst()
     QVERIFY(!shape->getEnabledBGColor().isValid());
     QVERIFY(!shape->getDisabledFGColor().isValid());
     QVERIFY(!shape->getDisabledBGColor().isValid());
+    shape->setMinimumSize(QSize(5, 5)); // kept beside them
+    QVERIFY(!shape->getDisabledFGColor().isValid());
 }
 
 void tst_ShapeSettings::parentIsPassedOnAndTheBackgroundIsTransparent()

@@ -186,6 +186,7 @@ private Q_SLOTS:
     void lineLooksLikeItsPath();
     void lineLooksLikeItsPathAtAnyScale();
     void filledLineLooksLikeItsPath();
+    void mirroredShapesLookLikeTheirPaths();
     void grayImagesSeeThePath_data();
     void grayImagesSeeThePath();
     void rectangleLooksTheSameWhereTheDeviceEnds();
@@ -320,6 +321,25 @@ void tst_Shape_Shortcuts::filledLineLooksLikeItsPath()
     QCOMPARE(picture(direct, {}, {}, false), picture(drawn, {}, {}, false));
 }
 
+void tst_Shape_Shortcuts::mirroredShapesLookLikeTheirPaths()
+{
+    const Look look{QRect(10, 10, 50, 40), Qt::red, Qt::blue, true, 0, Qt::SolidLine};
+    const Look line{{}, Qt::red, Qt::blue, false, 0, Qt::SolidLine};
+    const Segment segment{QPoint(20, 60), QPoint(70, 60)};
+    const QTransform mirrored(-1, 0, 0, 1, 110.5, 0);
+    Rectangle direct(nullptr);
+    PathRectangle drawn(nullptr);
+    Polyline directLine(nullptr);
+    PathLine drawnLine(nullptr);
+    dress(direct, look);
+    dress(drawn, look);
+    dress(directLine, line, segment);
+    dress(drawnLine, line, segment);
+
+    QCOMPARE(picture(directLine, mirrored, {}, false), picture(drawnLine, mirrored, {}, false));
+    QCOMPARE(picture(direct, mirrored, {}, false), picture(drawn, mirrored, {}, false));
+}
+
 void tst_Shape_Shortcuts::grayImagesSeeThePath_data()
 {
     QTest::addColumn<QImage::Format>("format");
@@ -448,6 +468,7 @@ void tst_Shape_Shortcuts::specialBoundsSeeThePath_data()
     QTest::newRow("a point") << QRect(10, 10, 1, 1);
     QTest::newRow("far away") << QRect(1 << 25, 10, 50, 40);
     QTest::newRow("far down") << QRect(10, 1 << 25, 50, 40);
+    QTest::newRow("as far as it goes") << QRect(10, (1 << 30) + 10, 50, 40);
 }
 
 void tst_Shape_Shortcuts::specialBoundsSeeThePath()

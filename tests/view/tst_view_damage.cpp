@@ -2,6 +2,7 @@
 
 #include <figura/figure/Border.h>
 #include <figura/geometry/Insets.h>
+#include <figura/layout/XYLayout.h>
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
 #include <figura/view/FreeformLayeredPane.h>
@@ -128,6 +129,28 @@ protected:
     }
 };
 
+// Draws others into a picture while it is painted itself.
+class DrawingFigure : public Figure
+{
+public:
+    Figure *others = nullptr;
+    mutable QImage drawn;
+
+    QImage draw() const
+    {
+        QImage image(200, 200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.rect = image.rect();
+        others->render(&painter, option);
+        return image;
+    }
+
+protected:
+    void drawFigure(QPainter *, const QStyleOptionViewItem &) const override { drawn = draw(); }
+};
+
 } // namespace
 
 class tst_View_Damage : public QObject
@@ -143,6 +166,7 @@ private Q_SLOTS:
     void changeByTheUpdateOfAPaintIsPaintedOnlyOnce();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
     void whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted();
+    void whatIsDrawnElsewhereMeanwhileIsComplete();
     void figureIsPaintedAgainWhereOnlyItsBorderReaches();
     void whatABorderHasLeftIsDamagedOnceMore();
     void gridIsDamagedAsFarAsItBeginsBeforeItsPane();
@@ -270,6 +294,33 @@ void tst_View_Damage::whatLiesBetweenIsNotPaintedAfterAnotherViewerWasPainted()
     // As without the other viewer, and its own.
     const long painted = workCounters().painted - before;
     QVERIFY2(painted >= 5 && painted <= 16, qPrintable(QString::number(painted)));
+}
+
+// The damage is that of the widget.
+void tst_View_Damage::whatIsDrawnElsewhereMeanwhileIsComplete()
+{
+    Figure others;
+    XYLayout layout;
+    others.setLayoutManager(&layout);
+    others.setBounds(QRect(0, 0, 200, 200));
+    std::vector<std::unique_ptr<Figure>> squares;
+    for (int i = 0; i < 100; ++i) {
+        squares.push_back(std::make_unique<Figure>(nullptr, Qt::blue));
+        layout.add(squares.back().get(), QRect(i % 10 * 20, i / 10 * 20, 15, 15));
+    }
+    others.validate();
+    DrawingFigure drawing;
+    drawing.others = &others;
+    Field field;
+    QVERIFY(field.isShown);
+    field.layer.add(&drawing, QRect(45, 0, 4, 4));
+    field.settle();
+    drawing.drawn = QImage();
+
+    drawing.repaint();
+    field.settle();
+
+    QCOMPARE(drawing.drawn, drawing.draw());
 }
 
 void tst_View_Damage::figureIsPaintedAgainWhereOnlyItsBorderReaches()
