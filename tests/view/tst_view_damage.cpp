@@ -162,6 +162,7 @@ private Q_SLOTS:
     void fewChangesArePaintedEachByItself();
     void manyChangesArePaintedAsOneRectangle_data();
     void manyChangesArePaintedAsOneRectangle();
+    void changesOutOfSightAreNotAmongTheMany();
     void changeByTheUpdateOfAPaintIsPaintedOnlyOnce_data();
     void changeByTheUpdateOfAPaintIsPaintedOnlyOnce();
     void whatLiesBetweenTwoFarChangesIsNotPainted();
@@ -226,6 +227,22 @@ void tst_View_Damage::manyChangesArePaintedAsOneRectangle()
 
     QCOMPARE(recorder.regions.size(), 1);
     QTEST(recorder.regions.first().rectCount(), "rects");
+}
+
+void tst_View_Damage::changesOutOfSightAreNotAmongTheMany()
+{
+    Field field;
+    QVERIFY(field.isShown);
+    const PaintRecorder recorder(field.viewer.widget());
+
+    for (int i = 0; i < 40; ++i)
+        field.at(i, 30).setEnabledBGColor(Qt::red);
+    field.at(0, 0).setEnabledBGColor(Qt::red);
+    field.at(5, 5).setEnabledBGColor(Qt::red);
+    field.settle();
+
+    QCOMPARE(recorder.regions.size(), 1);
+    QCOMPARE(recorder.regions.first().rectCount(), 2);
 }
 
 void tst_View_Damage::changeByTheUpdateOfAPaintIsPaintedOnlyOnce_data()
