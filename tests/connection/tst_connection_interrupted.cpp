@@ -196,6 +196,8 @@ private Q_SLOTS:
     void connectionMayGoInAnOperation_data();
     void connectionMayGoInAnOperation();
     void layerMayGoWhileItTakesAConnection();
+    void layerMayGoWhileItGivesUpAConnection();
+    void tipMayGoWhileItIsReplaced();
     void straightRouteEndsWithItsParts_data();
     void straightRouteEndsWithItsParts();
     void rectangularRouteEndsWithItsParts_data() { addVictimRows(); }
@@ -269,6 +271,16 @@ void tst_ConnectionInterrupted::connectionMayGoInAnOperation_data()
     rows("given another router", "router::remove",
          [](MortalWire *scene) { scene->wire->setConnectionRouter(nullptr); });
     rows("routed", "router::doRoute", [](MortalWire *scene) { scene->router.routeF(scene->wire); });
+    rows("routed in integers", "router::doRoute",
+         [](MortalWire *scene) { scene->router.route(scene->wire); });
+    rows("put back", "source::addAnchorListener", [](MortalWire *scene) {
+        scene->root.remove(scene->figure);
+        scene->root.add(scene->figure);
+    });
+    rows("laid out again", "manager::addDirtyRegion", [](MortalWire *scene) {
+        scene->figure->invalidate();
+        scene->figure->validate();
+    });
 }
 
 void tst_ConnectionInterrupted::connectionMayGoInAnOperation()
@@ -300,6 +312,37 @@ void tst_ConnectionInterrupted::layerMayGoWhileItTakesAConnection()
     QVERIFY(!layer);
     QVERIFY(!connection.getParentFigure());
     QCOMPARE(connection.getConnectionRouter(), NullRouter::instance());
+}
+
+void tst_ConnectionInterrupted::layerMayGoWhileItGivesUpAConnection()
+{
+    Fate fate;
+    QPointer<ConnectionLayer> layer = new ConnectionLayer;
+    MortalRouter<NullRouter> router(&fate, "router");
+    layer->setConnectionRouter(&router);
+    PolylineConnection connection;
+    layer->add(&connection, 0U, 0U, -1);
+    fate.at(QStringLiteral("router::remove"), 1, [&] { delete layer; });
+
+    QVERIFY(!layer->remove(&connection));
+
+    QVERIFY(fate.hasStruck());
+    QVERIFY(!layer);
+    QVERIFY(!connection.getParentFigure());
+}
+
+void tst_ConnectionInterrupted::tipMayGoWhileItIsReplaced()
+{
+    PolylineConnection connection;
+    QPointer<PolygonDecoration> tip = new PolygonDecoration;
+    connection.setTargetDecoration(tip);
+    connect(tip, &Figure::propertyChanged, this, [&] { delete tip; });
+
+    auto *next = new PolygonDecoration;
+    connection.setTargetDecoration(next);
+
+    QVERIFY(!tip);
+    QCOMPARE(connection.childFigures(), QList<Figure *>{next});
 }
 
 void tst_ConnectionInterrupted::straightRouteEndsWithItsParts_data()

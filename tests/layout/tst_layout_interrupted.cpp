@@ -14,7 +14,10 @@
 #include <figura/shape/Rectangle.h>
 #include <figura/view/FreeformLayer.h>
 
+#include <QImage>
+#include <QPainter>
 #include <QPointer>
+#include <QStyleOptionViewItem>
 #include <QTest>
 
 #include <functional>
@@ -86,11 +89,11 @@ using Operation = std::function<void(Stage *)>;
 using Maker = std::function<Layout *()>;
 
 void addRows(const char *name, const Maker &maker, const char *moment, const QStringList &victims,
-             const Operation &operation)
+             const Operation &operation, int occurrence = 1)
 {
     for (const QString &victim : victims)
-        QTest::addRow("%s, %s: %s", name, moment, qPrintable(victim))
-            << maker << QString::fromLatin1(moment) << victim << operation;
+        QTest::addRow("%s, %s %d: %s", name, moment, occurrence, qPrintable(victim))
+            << maker << QString::fromLatin1(moment) << occurrence << victim << operation;
 }
 
 /// A search that does something when it has come to a certain figure.
@@ -177,6 +180,7 @@ private Q_SLOTS:
     void stackMayGoWhileItMeasuresItsLayers_data();
     void stackMayGoWhileItMeasuresItsLayers();
     void containerMayGoWhileItsListenersAreAsked();
+    void containerMayGoWhileItsListenersAreToldOfItsLayout();
     void orphanThatWasNeverDisplayedIsAttachedWithItsTree();
     void childrenMayLeaveDuringASearch_data();
     void childrenMayLeaveDuringASearch();
@@ -196,6 +200,7 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
 {
     QTest::addColumn<Maker>("maker");
     QTest::addColumn<QString>("moment");
+    QTest::addColumn<int>("occurrence");
     QTest::addColumn<QString>("victim");
     QTest::addColumn<Operation>("operation");
     const Maker freeform = [] { return new FreeformLayout; };
@@ -220,6 +225,21 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
         stage->first->revalidate();
         stage->container->validate();
     };
+    const Operation prefer = [](Stage *stage) {
+        stage->layout->setConstraint(stage->first, QRect(5, 5, -1, -1));
+    };
+    // Whoever is told of the new constraint looks at the child.
+    const Operation move = [](Stage *stage) {
+        connect(qobject_cast<XYLayout *>(stage->layout.data()), &XYLayout::constraintChanged,
+                [](const Figure *child) { QVERIFY(child->isVisible()); });
+        stage->first->setBounds(QRect(6, 6, 10, 10));
+    };
+    const Operation paint = [](Stage *stage) {
+        QImage image(100, 100, QImage::Format_RGB32);
+        QPainter painter(&image);
+        stage->layout->invalidate();
+        stage->layout->render(&painter, QStyleOptionViewItem());
+    };
     const Operation remove = [](Stage *stage) { stage->layout->remove(stage->first); };
     addRows("freeform", freeform, "first::resolveBounds", parts, measure);
     addRows("freeform", freeform, "second::resolveBounds", parts, measure);
@@ -228,21 +248,27 @@ void tst_LayoutInterrupted::partsMayGoInAnOperation_data()
         addRows(name, box, "first::getMinimumSize", parts, constrain);
         addRows(name, box, "first::setBounds", parts, constrain);
         addRows(name, box, "first::getPreferredSize", parts, layOut);
+        addRows(name, box, "first::getPreferredSize", parts, layOut, 2); // no longer for the whole
+        addRows(name, box, "first::getPreferredSize", parts, paint);
     }
     addRows("XY", xy, "container::resolveBounds", parts, layOut);
     addRows("XY", xy, "first::removeNotify", parts, remove);
     addRows("XY", xy, "first::erase", parts, remove);
     addRows("XY", xy, "first::setParentFigure", parts, remove);
+    addRows("XY", xy, "first::getPreferredSize", parts, prefer);
+    addRows("XY", xy, "first::setBounds", parts, move);
+    addRows("freeform", freeform, "first::setParentFigure", parts, remove);
 }
 
 void tst_LayoutInterrupted::partsMayGoInAnOperation()
 {
     QFETCH(Maker, maker);
     QFETCH(QString, moment);
+    QFETCH(int, occurrence);
     QFETCH(QString, victim);
     QFETCH(Operation, operation);
     Stage stage(maker());
-    stage.fate.at(moment, 1, [&] { stage.destroy(victim); });
+    stage.fate.at(moment, occurrence, [&] { stage.destroy(victim); });
 
     operation(&stage);
 
@@ -316,6 +342,28 @@ void tst_LayoutInterrupted::containerMayGoWhileItsListenersAreAsked()
     QVERIFY(!container);
     QCOMPARE(first.calls.size() + second.calls.size(), 1);
     QVERIFY(layout.clientAreas.isEmpty());
+}
+
+void tst_LayoutInterrupted::containerMayGoWhileItsListenersAreToldOfItsLayout()
+{
+    QPointer<Figure> container = new Figure;
+    ProbeLayout layout;
+    container->setLayoutManager(&layout);
+    container->setBounds(QRect(0, 0, 10, 10));
+    ListenerProbe first;
+    ListenerProbe second;
+    layout.addListener(&first);
+    layout.addListener(&second);
+    first.onCall = [&](const QString &call) {
+        if (call == QStringLiteral("postLayout"))
+            delete container;
+    };
+
+    layout.layout(container);
+
+    QVERIFY(!container);
+    QCOMPARE(first.calls.constLast(), QStringLiteral("postLayout"));
+    QCOMPARE(second.calls.constLast(), QStringLiteral("layout"));
 }
 
 void tst_LayoutInterrupted::orphanThatWasNeverDisplayedIsAttachedWithItsTree()

@@ -320,9 +320,10 @@ void tst_View_Damage::whatIsDrawnElsewhereMeanwhileIsComplete()
     XYLayout layout;
     others.setLayoutManager(&layout);
     others.setBounds(QRect(0, 0, 200, 200));
-    std::vector<std::unique_ptr<Figure>> squares;
+    std::vector<std::unique_ptr<Rectangle>> squares;
     for (int i = 0; i < 100; ++i) {
-        squares.push_back(std::make_unique<Figure>(nullptr, Qt::blue));
+        squares.push_back(std::make_unique<Rectangle>(nullptr));
+        squares.back()->setEnabledFGColor(Qt::blue);
         layout.add(squares.back().get(), QRect(i % 10 * 20, i / 10 * 20, 15, 15));
     }
     others.validate();

@@ -3,6 +3,7 @@
 #include <mortalfigure.h>
 #include <pixels.h>
 
+#include <figura/layout/PageLayout.h>
 #include <figura/layout/StackLayout.h>
 #include <figura/layout/XYLayout.h>
 
@@ -48,6 +49,19 @@ public:
     {
         return with("getFreeformExtent", [&] { return FreeformLayer::getFreeformExtent(); });
     }
+};
+
+/// A page that announces that it was measured.
+class MortalPage : public Mortal<PageLayout>
+{
+public:
+    using Mortal::Mortal;
+
+    QRectF getContentRect(QPainter *painter) override
+    {
+        return with("getContentRect", [&] { return PageLayout::getContentRect(painter); });
+    }
+    void decoratePage(QPainter *, const QVariant &) override {}
 };
 
 class OpenViewer : public FreeformViewer
@@ -160,7 +174,14 @@ private Q_SLOTS:
     void widgetMayGoOnASecondTurn();
     void paneMayGoWhileItTakesALayer_data();
     void paneMayGoWhileItTakesALayer();
+    void paneMayGoWhileItLosesALayer();
     void layerMayGoWhileItGetsItsName();
+    void layerMayGoWhileItIsAdded();
+    void partsMayGoWhileAContentIsShown_data();
+    void partsMayGoWhileAContentIsShown();
+    void managerMayGoWhileItValidates();
+    void partsMayGoWhileTheyArePrinted_data();
+    void partsMayGoWhileTheyArePrinted();
 };
 
 void tst_ViewInterrupted::partsMayGoInAnOperation_data()
@@ -192,6 +213,8 @@ void tst_ViewInterrupted::partsMayGoInAnOperation_data()
     };
     for (const Operation &operation : {fit, zoom, shrink})
         rows("measured", "pane::getFreeformExtent", all, operation);
+    rows("fitted twice", "pane::getFreeformExtent", all,
+         [](MortalView *view) { view->viewer->scaleToFit(); });
     rows("zoomed", "pane::setFreeformBounds", all, zoom);
     rows("moved", "pane::setFreeformBounds", all, move);
     rows("resized", "pane::setFreeformBounds", all, enlarge);
@@ -373,6 +396,117 @@ void tst_ViewInterrupted::layerMayGoWhileItGetsItsName()
     QVERIFY(!layer);
     QCOMPARE(pane.childFigureCount(), 0);
     QVERIFY(!pane.getLayer(QStringLiteral("layer")));
+}
+
+void tst_ViewInterrupted::paneMayGoWhileItLosesALayer()
+{
+    QPointer<FreeformLayeredPane> pane = new FreeformLayeredPane;
+    FreeformLayer layer;
+    pane->addLayer(&layer, QStringLiteral("layer"));
+    connect(&layer, &Figure::propertyChanged, this, [&] { delete pane; });
+
+    QCOMPARE(pane->removeLayer(QStringLiteral("layer")), &layer);
+
+    QVERIFY(!pane);
+    QVERIFY(!layer.getParentFigure());
+}
+
+void tst_ViewInterrupted::layerMayGoWhileItIsAdded()
+{
+    FreeformLayeredPane pane;
+    QPointer<FreeformLayer> layer = new FreeformLayer;
+    connect(layer, &Figure::propertyChanged, this, [&] { delete layer; });
+
+    pane.addLayer(layer, QStringLiteral("layer"));
+
+    QVERIFY(!layer);
+    QCOMPARE(pane.childFigureCount(), 0);
+    QVERIFY(!pane.getLayer(QStringLiteral("layer")));
+}
+
+void tst_ViewInterrupted::partsMayGoWhileAContentIsShown_data()
+{
+    QTest::addColumn<bool>("isWidget");
+    QTest::newRow("the widget") << true;
+    QTest::newRow("the content") << false;
+}
+
+void tst_ViewInterrupted::partsMayGoWhileAContentIsShown()
+{
+    QFETCH(bool, isWidget);
+    Fate fate;
+    FreeformViewer viewer;
+    QPointer<FreeformWidget> widget = new FreeformWidget(&viewer);
+    QPointer<FreeformLayeredPane> pane = new FreeformLayeredPane;
+    FreeformLayer layer;
+    MortalFigure<Figure> figure(&fate, "figure");
+    pane->addLayer(&layer, QStringLiteral("layer"));
+    layer.add(&figure, QRect(0, 0, 10, 10));
+    fate.at(QStringLiteral("figure::addNotify"), 1, [&] {
+        if (isWidget)
+            delete widget;
+        else
+            delete pane;
+    });
+
+    QVERIFY(!widget->setContent(pane));
+
+    QVERIFY(fate.hasStruck());
+    QCOMPARE(widget.isNull(), isWidget);
+    if (widget)
+        QVERIFY(!widget->getContent());
+    delete pane;
+}
+
+void tst_ViewInterrupted::managerMayGoWhileItValidates()
+{
+    FreeformViewer viewer;
+    FreeformLayeredPane pane;
+    FreeformLayer layer;
+    BusyFigure figure;
+    pane.addLayer(&layer, QStringLiteral("figures"));
+    layer.add(&figure, QRect(0, 0, 50, 50));
+    QPointer<UpdateManager> manager = new UpdateManager;
+    manager->setViewer(&viewer);
+    manager->addInvalidFigure(&figure);
+    manager->addInvalidFigure(&layer);
+    figure.whileValidated = [&] { delete manager; };
+
+    manager->performUpdate();
+
+    QVERIFY(!manager);
+    QCOMPARE(figure.validations, 1);
+}
+
+void tst_ViewInterrupted::partsMayGoWhileTheyArePrinted_data()
+{
+    QTest::addColumn<bool>("isWidget");
+    QTest::newRow("the widget, when the page is measured") << true;
+    QTest::newRow("the page layout, when the content is painted") << false;
+}
+
+void tst_ViewInterrupted::partsMayGoWhileTheyArePrinted()
+{
+    QFETCH(bool, isWidget);
+    MortalView view;
+    auto *page = new MortalPage(&view.fate, "page");
+    QPointer<PageLayout> layout = page;
+    view.viewer->setPageLayout(page);
+    const QTemporaryDir folder;
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("page.pdf")));
+    if (isWidget)
+        view.fate.at(QStringLiteral("page::getContentRect"), 1,
+                     [&] { view.destroy(QStringLiteral("widget")); });
+    else
+        view.fate.at(QStringLiteral("figure::drawBackground"), 1, [&] { delete layout; });
+
+    view.viewer->print(&printer, QStringLiteral("group"));
+
+    QVERIFY(view.fate.hasStruck());
+    QCOMPARE(layout.isNull(), !isWidget);
+    delete layout;
 }
 
 Q_DECLARE_METATYPE(Operation)
