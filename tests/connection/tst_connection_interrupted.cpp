@@ -111,6 +111,7 @@ public:
         new MortalAnchor<XYAnchor>(&fate, "source", QPoint(10, 10));
     QPointer<MortalAnchor<XYAnchor>> target =
         new MortalAnchor<XYAnchor>(&fate, "target", QPoint(90, 50));
+    MortalFigure<Figure> child{&fate, "child"};
     QPointer<Figure> figure;
     IConnection *wire = nullptr;
 
@@ -195,6 +196,9 @@ private Q_SLOTS:
     void lineMayGoWhileItChanges();
     void connectionMayGoInAnOperation_data();
     void connectionMayGoInAnOperation();
+    void connectionMayGoWhenItsNewPlaceIsDamaged_data();
+    void connectionMayGoWhenItsNewPlaceIsDamaged();
+    void layerMayGoWhileItTakesAConnection_data();
     void layerMayGoWhileItTakesAConnection();
     void layerMayGoWhileItGivesUpAConnection();
     void tipMayGoWhileItIsReplaced();
@@ -202,6 +206,8 @@ private Q_SLOTS:
     void straightRouteEndsWithItsParts();
     void rectangularRouteEndsWithItsParts_data() { addVictimRows(); }
     void rectangularRouteEndsWithItsParts();
+    void directionIsLeftOnceTheRouterIsGone_data();
+    void directionIsLeftOnceTheRouterIsGone();
     void bentRouteEndsWithItsParts_data();
     void bentRouteEndsWithItsParts();
     void routeWithoutAConnectionIsEmpty();
@@ -213,7 +219,8 @@ private Q_SLOTS:
     void bentRouteDoesWithoutAnAnchorThatGoes();
     void straightRouteDoesWithoutAnAnchorThatGoes();
     void lineThatIsReservedTwiceIsGivenBackOnce();
-    void tipMayGoWhileItIsPlaced();
+    void partsMayGoWhileATipIsPlaced_data();
+    void partsMayGoWhileATipIsPlaced();
     void connectionWithoutAParentAsksForNoRepaint();
 };
 
@@ -277,9 +284,10 @@ void tst_ConnectionInterrupted::connectionMayGoInAnOperation_data()
         scene->root.remove(scene->figure);
         scene->root.add(scene->figure);
     });
-    rows("laid out again", "manager::addDirtyRegion", [](MortalWire *scene) {
-        scene->figure->invalidate();
-        scene->figure->validate();
+    rows("put back with a child", "child::addNotify", [](MortalWire *scene) {
+        scene->root.remove(scene->figure);
+        scene->figure->add(&scene->child);
+        scene->root.add(scene->figure);
     });
 }
 
@@ -299,15 +307,48 @@ void tst_ConnectionInterrupted::connectionMayGoInAnOperation()
     QCOMPARE(scene.target->listenerCount(), 0);
 }
 
+void tst_ConnectionInterrupted::connectionMayGoWhenItsNewPlaceIsDamaged_data()
+{
+    QTest::addColumn<QString>("className");
+    QTest::newRow("integer") << QStringLiteral("PolylineConnection");
+    QTest::newRow("floating") << QStringLiteral("PolylineFConnection");
+}
+
+// Without a source nobody routes it, which would be damage as well.
+void tst_ConnectionInterrupted::connectionMayGoWhenItsNewPlaceIsDamaged()
+{
+    QFETCH(QString, className);
+    MortalWire scene(className);
+    scene.wire->setSourceAnchor(nullptr);
+    scene.figure->invalidate();
+    scene.fate.at(QStringLiteral("manager::addDirtyRegion"), 1, [&] { delete scene.figure; });
+
+    scene.figure->validate();
+
+    QVERIFY(scene.fate.hasStruck());
+    QVERIFY(!scene.figure);
+}
+
+void tst_ConnectionInterrupted::layerMayGoWhileItTakesAConnection_data()
+{
+    QTest::addColumn<bool>("withStretches");
+    QTest::newRow("with stretches") << true;
+    QTest::newRow("with a constraint") << false;
+}
+
 void tst_ConnectionInterrupted::layerMayGoWhileItTakesAConnection()
 {
+    QFETCH(bool, withStretches);
     QPointer<ConnectionLayer> layer = new ConnectionLayer;
     LoggingRouter router;
     layer->setConnectionRouter(&router);
     PolylineConnection connection;
     connect(&connection, &Figure::propertyChanged, &connection, [&] { delete layer; });
 
-    layer->add(&connection, 0U, 0U, -1);
+    if (withStretches)
+        layer->add(&connection, 0U, 0U, -1);
+    else
+        layer->add(&connection, QVariant(), -1);
 
     QVERIFY(!layer);
     QVERIFY(!connection.getParentFigure());
@@ -381,6 +422,28 @@ void tst_ConnectionInterrupted::rectangularRouteEndsWithItsParts()
 
     QVERIFY(question.fate.hasStruck());
     QCOMPARE(points, QList<QPoint>());
+}
+
+void tst_ConnectionInterrupted::directionIsLeftOnceTheRouterIsGone_data()
+{
+    QTest::addColumn<bool>("isStart");
+    QTest::newRow("at the start") << true;
+    QTest::newRow("at the end") << false;
+}
+
+void tst_ConnectionInterrupted::directionIsLeftOnceTheRouterIsGone()
+{
+    QFETCH(bool, isStart);
+    Question<ManhattanConnectionRouter> question;
+    question.fate.at(isStart ? QStringLiteral("source::getLocation")
+                             : QStringLiteral("target::getLocation"),
+                     1, [&] { question.destroy(QStringLiteral("router")); });
+
+    const Ray direction = isStart ? question.router->getStartDirection(question.connection)
+                                  : question.router->getEndDirection(question.connection);
+
+    QVERIFY(question.fate.hasStruck());
+    QCOMPARE(direction, ManhattanConnectionRouter::LEFT);
 }
 
 void tst_ConnectionInterrupted::bentRouteEndsWithItsParts_data()
@@ -557,17 +620,33 @@ void tst_ConnectionInterrupted::lineThatIsReservedTwiceIsGivenBackOnce()
     QVERIFY(router.rowUsable(nullptr, 7));
 }
 
-void tst_ConnectionInterrupted::tipMayGoWhileItIsPlaced()
+void tst_ConnectionInterrupted::partsMayGoWhileATipIsPlaced_data()
 {
+    QTest::addColumn<bool>("isTip");
+    QTest::newRow("the tip") << true;
+    QTest::newRow("its locator") << false;
+}
+
+void tst_ConnectionInterrupted::partsMayGoWhileATipIsPlaced()
+{
+    QFETCH(bool, isTip);
     PolylineConnection connection;
     connection.setEndPoints(QPoint(0, 0), QPoint(50, 50));
-    ArrowLocator locator(&connection, ConnectionLocator::TARGET);
+    QPointer<ArrowLocator> locator = new ArrowLocator(&connection, ConnectionLocator::TARGET);
     QPointer<PolygonDecoration> tip = new PolygonDecoration;
-    connect(tip, &Shape::pathChanged, this, [&] { delete tip; });
+    connect(tip, &Shape::pathChanged, this, [&] {
+        if (isTip)
+            delete tip;
+        else
+            delete locator;
+    });
 
-    locator.relocate(tip);
+    locator->relocate(tip);
 
-    QVERIFY(!tip);
+    QCOMPARE(tip.isNull(), isTip);
+    QCOMPARE(locator.isNull(), !isTip);
+    delete locator;
+    delete tip;
 }
 
 QTEST_MAIN(tst_ConnectionInterrupted)

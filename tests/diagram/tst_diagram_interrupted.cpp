@@ -1,6 +1,7 @@
 #include "diagram_fixtures.h"
 
 #include <figura/layout/ILayoutListener.h>
+#include <figura/layout/XYLayout.h>
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -392,6 +393,8 @@ void tst_DiagramInterrupted::figureMayGoWhileAListenerHearsOfItsMove()
     auto diagram = std::make_unique<Diagram>();
     QPointer<Rectangle> box = diagram->add(new Rectangle, QRect(0, 0, 40, 40));
     QPointer<Layout> layout = diagram->getFigureLayer()->getLayoutManager();
+    connect(qobject_cast<XYLayout *>(layout.data()), &XYLayout::constraintChanged, this,
+            [](const Figure *child) { QVERIFY(child->isVisible()); });
     Witness witness;
     layout->addListener(&witness);
     witness.whenConstrained = [&] {

@@ -40,10 +40,11 @@ public:
         m_fate->reach("search", "accept");
         return isVisible;
     }
-    bool prune(const Figure *) const override
+    bool prune(const Figure *figure) const override
     {
+        const bool isHidden = !figure->isVisible();
         m_fate->reach("search", "prune");
-        return false;
+        return isHidden;
     }
 
 private:
@@ -106,6 +107,7 @@ private Q_SLOTS:
     void figureThatGoesIsNotFound_data();
     void figureThatGoesIsNotFound();
     void ancestorMayGoWhileItsMoveIsTold();
+    void newParentMayGoWhileTheOldOneIsLeft();
     void helperOfNobodyPassesOnWhatItIsTold();
     void helperKeepsWatchingWhenAStrangerIsLeft();
     void helperMayHookItsFigureAgain();
@@ -146,10 +148,12 @@ void tst_FigureInterrupted::figureMayGoInAnOperation_data()
     });
     row("revalidated", "figure::invalidate",
         [](MortalScene *scene) { scene->figure->revalidate(); });
-    row("asked what it prefers", "figure::getMinimumSize", [](MortalScene *scene) {
+    const Operation prefer = [](MortalScene *scene) {
         scene->figure->invalidate();
         scene->figure->getPreferredSize();
-    });
+    };
+    row("asked what it prefers", "figure::calculateContentSize", prefer);
+    row("asked what it prefers", "figure::getMinimumSize", prefer);
     row("asked what it needs", "inner::calculateMinimumSize", [](MortalScene *scene) {
         scene->addChild();
         scene->figure->getMinimumSize();
@@ -200,7 +204,8 @@ void tst_FigureInterrupted::figureThatGoesIsNotFound()
     QFETCH(QString, moment);
     QFETCH(bool, byPoint);
     MortalScene scene;
-    scene.addChild();
+    if (moment.startsWith(QStringLiteral("child")))
+        scene.addChild();
     const Figure *asked = scene.figure;
     scene.fate.at(moment, 1, [&] { delete scene.figure; });
 
@@ -234,6 +239,22 @@ void tst_FigureInterrupted::ancestorMayGoWhileItsMoveIsTold()
     QVERIFY(!parent);
     QCOMPARE(told.count(), 0);
     QVERIFY(!second.getParentFigure());
+}
+
+void tst_FigureInterrupted::newParentMayGoWhileTheOldOneIsLeft()
+{
+    ParentFigure before;
+    QPointer<ParentFigure> after = new ParentFigure;
+    Figure child;
+    before.add(&child);
+    AncestorHelper helper(&child);
+    const QSignalSpy added(&helper, &AncestorHelper::ancestorAdded);
+    connect(&helper, &AncestorHelper::ancestorRemoved, this, [&] { delete after; });
+
+    child.setParentFigure(after);
+
+    QVERIFY(!after);
+    QCOMPARE(added.count(), 0);
 }
 
 void tst_FigureInterrupted::helperOfNobodyPassesOnWhatItIsTold()

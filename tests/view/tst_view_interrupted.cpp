@@ -176,6 +176,7 @@ private Q_SLOTS:
     void paneMayGoWhileItTakesALayer();
     void paneMayGoWhileItLosesALayer();
     void layerMayGoWhileItGetsItsName();
+    void layerMayGoWhileItIsAdded_data();
     void layerMayGoWhileItIsAdded();
     void partsMayGoWhileAContentIsShown_data();
     void partsMayGoWhileAContentIsShown();
@@ -411,16 +412,26 @@ void tst_ViewInterrupted::paneMayGoWhileItLosesALayer()
     QVERIFY(!layer.getParentFigure());
 }
 
+void tst_ViewInterrupted::layerMayGoWhileItIsAdded_data()
+{
+    QTest::addColumn<bool>("isBeside");
+    QTest::newRow("on top") << false;
+    QTest::newRow("above another") << true;
+}
+
 void tst_ViewInterrupted::layerMayGoWhileItIsAdded()
 {
+    QFETCH(bool, isBeside);
     FreeformLayeredPane pane;
+    FreeformLayer other;
+    pane.addLayer(&other, QStringLiteral("other"));
     QPointer<FreeformLayer> layer = new FreeformLayer;
     connect(layer, &Figure::propertyChanged, this, [&] { delete layer; });
 
-    pane.addLayer(layer, QStringLiteral("layer"));
+    pane.addLayerAbove(layer, QStringLiteral("layer"), isBeside ? &other : nullptr);
 
     QVERIFY(!layer);
-    QCOMPARE(pane.childFigureCount(), 0);
+    QCOMPARE(pane.childFigures(), QList<Figure *>{&other});
     QVERIFY(!pane.getLayer(QStringLiteral("layer")));
 }
 
