@@ -311,13 +311,19 @@ void tst_DiagramInterrupted::anythingMayGoWhileInnerFiguresSettle()
     QFETCH(int, validation);
     StackScene scene;
     scene.doer->setLayoutManager(new StackLayout(scene.doer));
+    scene.upper->setLayoutManager(new StackLayout(scene.upper));
     scene.box->validate();
     int validations = 0;
+    int validationsOutside = 0;
     const Deed count = [&] {
         if (++validations == validation)
             scene.destroy(victim);
     };
     scene.doer->whenEverValidated = count;
+    scene.upper->whenEverValidated = [&] {
+        if (!scene.upper->getParentFigure())
+            ++validationsOutside;
+    };
 
     scene.box->setBounds(QRect(50, 50, 100, 100));
     if (scene.box)
@@ -325,6 +331,7 @@ void tst_DiagramInterrupted::anythingMayGoWhileInnerFiguresSettle()
     scene.diagram->validate();
 
     QVERIFY(validations >= 1);
+    QCOMPARE(validationsOutside, 0);
     QCOMPARE(scene.diagram->getFigures().size(), scene.box ? 1 : 0);
     if (scene.box && scene.doer)
         QCOMPARE(scene.doer->getBounds(), scene.box->getBounds());
