@@ -398,8 +398,8 @@ void tst_StormChecks::borderThatDiesIsNoFlaw()
     QCOMPARE(fault, QByteArray());
 }
 
-// Lets a pass drop the returned layer.
-Layer *dropLayer(World &world)
+// Puts a layout below one layer that disturbs a figure in the other.
+Figure *addMeddler(World &world)
 {
     auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
     auto *meddler = world.adopt(new Probed<Figure>(world));
@@ -407,7 +407,13 @@ Layer *dropLayer(World &world)
     world.content()->childFigures().last()->add(meddler, QRect(60, 10, 30, 20));
     world.settle();
     world.drops.grantTurns(); // what it has done meanwhile does not count
-    meddler->revalidate();
+    return meddler;
+}
+
+// Lets a pass drop the returned layer.
+Layer *dropLayer(World &world)
+{
+    addMeddler(world)->revalidate();
     world.updateManager()->performUpdate();
     return anyLayer(world);
 }
@@ -548,18 +554,6 @@ void tst_StormChecks::figureIsLetGoOfOnlyWhenItIsDroppedInItsOwnTurn()
     ledger.record({&figure});
 
     QCOMPARE(ledger.leftInvalid(nullptr), QList<Figure *>{&figure});
-}
-
-// Puts a layout below one layer that disturbs a figure in the other.
-Figure *addMeddler(World &world)
-{
-    auto *victim = addTo<Probed<Figure>>(world, QRect(10, 10, 30, 20));
-    auto *meddler = world.adopt(new Probed<Figure>(world));
-    meddler->setLayoutManager(new MeddlingLayout(meddler, victim));
-    world.content()->childFigures().last()->add(meddler, QRect(60, 10, 30, 20));
-    world.settle();
-    world.drops.grantTurns(); // what it has done meanwhile does not count
-    return meddler;
 }
 
 // Whether the ledger excuses \a figure when it is dropped now, as one that has had its turn.
