@@ -13,7 +13,9 @@ packages=(
 )
 for purpose in "$@"; do
     case $purpose in
-    --tests) packages+=(clang-format graphviz-doc imagemagick poppler-utils xauth xdotool xvfb) ;;
+    --tests)
+        packages+=(clang-format graphviz-doc imagemagick locales poppler-utils xauth xdotool xvfb)
+        ;;
     --coverage) packages+=(gcovr) ;;
     --fuzz) packages+=(clang libclang-rt-dev) ;;
     --bench) packages+=(valgrind) ;;

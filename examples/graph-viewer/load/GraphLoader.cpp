@@ -20,6 +20,15 @@ struct CloseGraph
 };
 using GraphPointer = std::unique_ptr<Agraph_t, CloseGraph>;
 
+// What an earlier text has behind its first graph, in the same line, the engine's reader still
+// holds and would take for the beginning of the next.
+void forgetEarlierText()
+{
+    const EngineMessages ignored;
+    while (const GraphPointer rest{agmemread("")}) {
+    }
+}
+
 // One for as long as the process lives: the engine's text plugin remembers the name of the last
 // font beyond the end of the context that owns it.
 GVC_t *engineContext()
@@ -173,6 +182,7 @@ LoadReply GraphLoader::load(const QString &path) const
 LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) const
 {
     const DecimalPoint decimalPoint;
+    forgetEarlierText();
     const EngineMessages messages;
     GVC_t *const context = engineContext();
     agreadline(1); // an earlier text has left its own line number
