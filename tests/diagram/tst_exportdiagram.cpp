@@ -1,8 +1,8 @@
 #include "diagram_fixtures.h"
 
 #include <fulldisk.h>
-
 #include <golden.h>
+#include <pdfpages.h>
 
 #include <QBuffer>
 #include <QClipboard>
@@ -10,7 +10,6 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -80,24 +79,8 @@ QByteArray output(const QString &program, const QStringList &arguments)
     return process.waitForFinished() ? process.readAllStandardOutput() : QByteArray();
 }
 
-// The pages of a PDF, usually at 96 pixels an inch: a pixel is a content unit.
-QList<QImage> pdfPages(const QString &path, int dpi = 96)
-{
-    const QTemporaryDir folder;
-    output(QStringLiteral("pdftoppm"),
-           {QStringLiteral("-r"), QString::number(dpi), QStringLiteral("-png"), path,
-            folder.filePath(QStringLiteral("page"))});
-    QList<QImage> pages;
-    const QStringList names = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
-    for (const QString &name : names)
-        pages << QImage(folder.filePath(name)).convertToFormat(QImage::Format_RGB32);
-    return pages;
-}
-
-bool canReadPdf()
-{
-    return !QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty();
-}
+// A pixel is a content unit.
+constexpr int dpiOfUnits = 96;
 
 // How much of the picture is clearly this colour.
 QRect areaOf(const QImage &image, const QColor &color)
@@ -357,12 +340,10 @@ void tst_ExportDiagram::svgTextIsAsLargeAsOnTheScreen()
 
 void tst_ExportDiagram::pdfPageShowsTheDiagram()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Sheet sheet;
     QVERIFY(exportDiagram(&sheet.diagram, sheet.path(QStringLiteral("a.pdf"))));
 
-    const QList<QImage> pages = pdfPages(sheet.path(QStringLiteral("a.pdf")));
+    const QList<QImage> pages = pdfPages(sheet.path(QStringLiteral("a.pdf")), dpiOfUnits);
 
     QCOMPARE(pages.size(), 1);
     // A4, and 10 mm of margin: 38 pixels.
@@ -375,13 +356,11 @@ void tst_ExportDiagram::pdfPageShowsTheDiagram()
 
 void tst_ExportDiagram::largeDiagramIsShrunkToOnePage()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Sheet sheet;
     sheet.diagram.setBounds(sheet.circle, QRect(3000, 2000, 600, 600));
     QVERIFY(exportDiagram(&sheet.diagram, sheet.path(QStringLiteral("a.pdf"))));
 
-    const QList<QImage> pages = pdfPages(sheet.path(QStringLiteral("a.pdf")));
+    const QList<QImage> pages = pdfPages(sheet.path(QStringLiteral("a.pdf")), dpiOfUnits);
 
     QCOMPARE(pages.size(), 1);
     const QRect circle = areaOf(pages.at(0), Qt::red);
@@ -395,8 +374,6 @@ void tst_ExportDiagram::largeDiagramIsShrunkToOnePage()
 
 void tst_ExportDiagram::tilesShowTheDiagramPieceByPiece()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Diagram diagram;
     // A page has room for 718 x 1047 units. On the second of two, and below it.
     diagram.add(new Figure(nullptr, Qt::red), QRect(0, 0, 10, 10));
@@ -409,7 +386,7 @@ void tst_ExportDiagram::tilesShowTheDiagramPieceByPiece()
     options.margin = 0;
     QVERIFY(exportDiagram(&diagram, path, options));
 
-    const QList<QImage> pages = pdfPages(path);
+    const QList<QImage> pages = pdfPages(path, dpiOfUnits);
 
     QCOMPARE(pages.size(), 4);
     const double page = 793.7 - 2 * 37.8;
@@ -425,8 +402,6 @@ void tst_ExportDiagram::tilesShowTheDiagramPieceByPiece()
 
 void tst_ExportDiagram::tileScaleCounts()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Sheet sheet;
     DiagramExport options;
     options.tiled = true;
@@ -434,7 +409,7 @@ void tst_ExportDiagram::tileScaleCounts()
     const QString path = sheet.path(QStringLiteral("a.pdf"));
     QVERIFY(exportDiagram(&sheet.diagram, path, options));
 
-    const QList<QImage> pages = pdfPages(path);
+    const QList<QImage> pages = pdfPages(path, dpiOfUnits);
 
     QCOMPARE(pages.size(), 2); // 1400 x 900 units
     const QRect circle = areaOf(pages.at(1), Qt::red);
@@ -498,8 +473,6 @@ void tst_ExportDiagram::mimeDataKeepsOtherFormats()
 
 void tst_ExportDiagram::printerGetsPages()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Sheet sheet;
     const QString path = sheet.path(QStringLiteral("printed.pdf"));
     QPrinter printer(QPrinter::HighResolution);
@@ -510,15 +483,13 @@ void tst_ExportDiagram::printerGetsPages()
 
     QVERIFY(exportDiagram(&sheet.diagram, &printer));
 
-    const QList<QImage> pages = pdfPages(path);
+    const QList<QImage> pages = pdfPages(path, dpiOfUnits);
     QCOMPARE(pages.size(), 1);
     QVERIFY(isNear(areaOf(pages.at(0), Qt::red), QRect(38 + 210, 38 + 110, 60, 60), 3));
 }
 
 void tst_ExportDiagram::printedLinesAreAsWideAsOnTheScreen()
 {
-    if (!canReadPdf())
-        QSKIP("pdftoppm is not here to read the pages back");
     Sheet sheet;
     sheet.box->setLineWidth(1);
     sheet.box->setEnabledFGColor(Qt::black);
@@ -532,7 +503,7 @@ void tst_ExportDiagram::printedLinesAreAsWideAsOnTheScreen()
     QVERIFY(exportDiagram(&sheet.diagram, &printer, options));
 
     constexpr int fineness = 4; // pixels for one content unit
-    const QImage page = pdfPages(path, 96 * fineness).value(0);
+    const QImage page = pdfPages(path, dpiOfUnits * fineness).value(0);
     const QRect box = areaOf(page, sheet.box->getEnabledBGColor());
     QVERIFY(box.isValid());
     int dark = 0;
