@@ -8,7 +8,6 @@
 
 #include <QFileInfo>
 
-#include <clocale>
 #include <memory>
 
 namespace GraphViewer {
@@ -60,22 +59,6 @@ private:
     GVC_t *m_context;
     Agraph_t *m_graph;
     bool m_done;
-};
-
-// The engine reads and writes numbers with whatever decimal point the process has.
-class DecimalPoint
-{
-public:
-    DecimalPoint()
-        : m_previous(setlocale(LC_NUMERIC, nullptr))
-    {
-        setlocale(LC_NUMERIC, "C");
-    }
-    ~DecimalPoint() { setlocale(LC_NUMERIC, m_previous.constData()); }
-    Q_DISABLE_COPY_MOVE(DecimalPoint)
-
-private:
-    QByteArray m_previous;
 };
 
 QByteArray attribute(Agraph_t *graph, const char *name)
@@ -181,7 +164,6 @@ LoadReply GraphLoader::load(const QString &path) const
 
 LoadReply GraphLoader::layOut(const QByteArray &text, const QString &folder) const
 {
-    const DecimalPoint decimalPoint;
     forgetEarlierText();
     const EngineMessages messages;
     GVC_t *const context = engineContext();
